@@ -1,0 +1,65 @@
+#include "can/vt/objects/Attribute_numbers.h"
+
+#include <cstring>
+
+#include "platform/Debug_print.h"
+#include "platform/Float_bytes.h"
+
+namespace VT {
+
+void warn_offset(int offset)
+{
+    if (offset != 0)
+        Debug_print::dprint("WARNING: Attribute_numbers_template::deserialise offset != 0, actually = %d\n", offset);
+}
+
+int Attribute_float::serialise(int offset, uint8_t* buf, int len) const
+{
+    if (len < 1 || offset < 0 || offset >= 4)
+        return 0;
+    uint32_t bits;
+    std::memcpy(&bits, &value, 4);
+    int written = 0;
+    for (int i = offset; i < 4 && written < len; ++i)
+        buf[written++] = uint8_t(bits >> (8 * i));
+    return written;
+}
+
+int Attribute_float::deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results*)
+{
+    if (offset != 0 || len < 4)
+        return 0;
+    value = bytes_to_float_ieee754(buf);
+    buf[0] = uint8_t(buf[0] + 4);
+    return 4;
+}
+
+void Attribute_float::get_code_valref(const char*, std::ostream& os, int)
+{
+    os << value;
+}
+
+void Attribute_float::print_me(std::ostream& os, int indent) const
+{
+    print_indent(os, indent);
+    print_basic(os, indent);
+    os << " Value: " << value << std::endl;
+}
+
+int Attribute_float::_set_by_spec(Spec_node* spec, scale_area_t)
+{
+    if (!spec)
+        return 0;
+    return spec->get_float(&value, name);
+}
+
+template class Attribute_numbers_template<uint8_t, Attribute::ATTR_UINT8>;
+template class Attribute_numbers_template<uint16_t, Attribute::ATTR_UINT16>;
+template class Attribute_numbers_template<uint32_t, Attribute::ATTR_UINT32>;
+template class Attribute_numbers_template<uint64_t, Attribute::ATTR_UINT64>;
+template class Attribute_numbers_template<int8_t, Attribute::ATTR_INT8>;
+template class Attribute_numbers_template<int16_t, Attribute::ATTR_INT16>;
+template class Attribute_numbers_template<int32_t, Attribute::ATTR_INT32>;
+template class Attribute_numbers_template<int64_t, Attribute::ATTR_INT64>;
+
+}
