@@ -8,6 +8,7 @@
 #include <initializer_list>
 
 #include "can/vt/objects/Attribute_array.h"
+#include "can/vt/objects/Attribute_colour.h"
 #include "can/vt/objects/Attribute_event_macro.h"
 #include "can/vt/objects/Attribute_list.h"
 #include "can/vt/objects/Attribute_numbers.h"
