@@ -1,0 +1,196 @@
+// The host's pool container and the pool file reader and writer.
+#include <gtest/gtest.h>
+
+#include "test_support.h"
+#include "tools/Object_pool.h"
+#include "tools/Pool_file.h"
+
+using VT::Object_pool;
+using VT::Pool_file;
+
+namespace {
+
+QByteArray bytes(std::initializer_list<int> b)
+{
+    QByteArray out;
+    for (int v : b)
+        out.append(char(v));
+    return out;
+}
+
+// Three variables: number 5000 = 1234, string 7 = "abc", number 9 = 0.
+const QByteArray variables = bytes({0x88, 0x13, 0x15, 0xD2, 0x04, 0x00, 0x00,          //
+                                    0x07, 0x00, 0x16, 0x03, 0x00, 0x61, 0x62, 0x63,    //
+                                    0x09, 0x00, 0x15, 0x00, 0x00, 0x00, 0x00});
+
+QString read_error(const QByteArray& b)
+{
+    test::Dprint_capture quiet;
+    Object_pool pool;
+    QString error;
+    EXPECT_FALSE(Pool_file::read(b, pool, &error));
+    return error;
+}
+
+}
+
+TEST(ToolsObjectPool, OwnsObjectsAndFindsThemByIdAndName)
+{
+    Object_pool pool;
+    auto* a = new VT::Base::Number_variable_obj(10, "a", 1);
+    auto* b = new VT::Base::Number_variable_obj(11, "b", 2);
+    ASSERT_TRUE(pool.add(a));
+    ASSERT_TRUE(pool.add(b));
+    EXPECT_EQ(pool.find(10), a);
+    EXPECT_EQ(pool.find(QByteArray("b")), b);
+    EXPECT_EQ(pool.find(12), nullptr);
+    EXPECT_EQ(a->get_pool_helper(), &pool.helper());
+    EXPECT_EQ(a->get_pool(), &pool);
+
+    QString error;
+    EXPECT_FALSE(pool.add(new VT::Base::Number_variable_obj(10, "c", 3), &error));
+    EXPECT_EQ(error, "id 10 of 'c' is already used by 'a'");
+    EXPECT_FALSE(pool.add(new VT::Base::Number_variable_obj(12, "a", 3), &error));
+    EXPECT_EQ(error, "name 'a' is already used by object 10");
+    EXPECT_FALSE(pool.add(new VT::Base::Number_variable_obj(65535, "n", 3), &error));
+    EXPECT_EQ(error, "'n' has the NULL id 65535");
+    EXPECT_EQ(pool.size(), 2);
+
+    EXPECT_EQ(pool.lowest_free_id(), 0);
+    EXPECT_EQ(pool.lowest_free_id(10), 12);
+
+    VT::Attribute_object_placement place(11, 0, 0);
+    EXPECT_EQ(pool.helper().find_object(place), b);
+}
+
+TEST(ToolsObjectPool, HelperLocksRecursivelyAndRecordsUploads)
+{
+    Object_pool pool;
+    auto* a = new VT::Base::Number_variable_obj(3, "a", 1);
+    pool.add(a);
+    Object_pool::Helper& h = pool.helper();
+    EXPECT_EQ(h.lock_depth(), 0);
+    a->lock();
+    a->lock();
+    EXPECT_EQ(h.lock_depth(), 2);
+    EXPECT_EQ(a->_get_value(), 1u);
+    a->unlock();
+    a->unlock();
+    EXPECT_EQ(h.lock_depth(), 0);
+    EXPECT_EQ(a->get_value(), 1u); // the checked getter balances its lock
+    EXPECT_EQ(h.lock_depth(), 0);
+#ifndef NDEBUG
+    EXPECT_DEATH(a->_get_value(), "without holding its pool's lock");
+#endif
+
+    int seen = 0;
+    pool.set_upload_callback([&](VT::VT_obj* obj, bool flag) {
+        EXPECT_EQ(obj, a);
+        EXPECT_TRUE(flag);
+        ++seen;
+    });
+    a->set_serialise_as_null_op(true);
+    ASSERT_EQ(pool.uploads().size(), 1);
+    EXPECT_EQ(pool.uploads()[0].id, 3);
+    EXPECT_EQ(seen, 1);
+
+    EXPECT_EQ(h.negotiated_version(), 255);
+    pool.set_negotiated_version(4);
+    EXPECT_EQ(h.negotiated_version(), 4);
+    EXPECT_FALSE(h.obj_type_supported(21));
+    pool.set_supported_types({21});
+    EXPECT_TRUE(h.obj_type_supported(21));
+    VT::Serialisation_limits l;
+    l.colour_format = 1;
+    l.small_font_mask = 3;
+    pool.set_serialisation_limits(l);
+    EXPECT_EQ(h.get_serialisation_limits()->colour_format, 1u);
+    EXPECT_EQ(h.get_serialisation_limits()->small_font_mask, 3);
+    EXPECT_TRUE(h.in_pool(pool));
+}
+
+TEST(ToolsPoolFile, ReadsAndWritesBackByteForByteInOneBufferOrInChunks)
+{
+    Object_pool pool;
+    QString error;
+    Pool_file::Read_report report;
+    ASSERT_TRUE(Pool_file::read(variables, pool, &error, &report)) << error.toStdString();
+    EXPECT_EQ(report.objects, 3);
+    EXPECT_TRUE(report.clamped.isEmpty());
+    ASSERT_EQ(pool.size(), 3);
+    EXPECT_EQ(pool.objects()[1]->get_type(), VT::VT_obj_type::TYPE_STRING_VARIABLE);
+    EXPECT_STREQ(pool.objects()[1]->get_name(), "String_variable_7");
+    EXPECT_EQ(pool.find(QByteArray("Number_variable_5000")), pool.objects()[0]);
+
+    EXPECT_EQ(Pool_file::write(pool), variables);
+    for (int chunk : {1, 2, 3, 7, 8, 1785}) {
+        std::vector<int> sizes;
+        QByteArray streamed;
+        Pool_file::write_chunks(pool, chunk, [&](const uint8_t* p, int n) {
+            sizes.push_back(n);
+            streamed.append(reinterpret_cast<const char*>(p), n);
+        });
+        EXPECT_EQ(streamed, variables) << "chunk " << chunk;
+        for (size_t i = 0; i + 1 < sizes.size(); ++i)
+            EXPECT_EQ(sizes[i], chunk) << "only the last buffer may be short";
+    }
+}
+
+TEST(ToolsPoolFile, ReadsAPrivateCopyOfItsInput)
+{
+    QByteArray input = variables;
+    const QByteArray before = input;
+    Object_pool pool;
+    ASSERT_TRUE(Pool_file::read(input, pool, nullptr));
+    EXPECT_EQ(input, before);
+    input[3] = 0x11; // changing the caller's bytes afterwards does not reach the objects
+    EXPECT_EQ(Pool_file::write(pool), before);
+}
+
+TEST(ToolsPoolFile, BadInputStopsWithAOneLineErrorNamingTheObject)
+{
+    EXPECT_EQ(read_error(QByteArray()), "empty pool: no objects");
+    EXPECT_EQ(read_error(variables.left(variables.size() - 1)),
+              "object 2 (id 9, type 21 Number_variable) at byte offset 15: attributes truncated or malformed "
+              "(3 bytes left after the header)");
+    EXPECT_EQ(read_error(variables + bytes({0x01, 0x02})),
+              "object 3 at byte offset 22: truncated object header (2 bytes left, 3 needed)");
+    EXPECT_EQ(read_error(bytes({0x01, 0x00, 0x63, 0, 0, 0})),
+              "object 0 (id 1, type 99 UNKNOWN) at byte offset 0: unknown object type 99");
+    EXPECT_EQ(read_error(bytes({0x01, 0x00, 0xF6, 0x09})),
+              "object 0 (id 1, type 246 UNKNOWN) at byte offset 0: unknown configuration object kind 9");
+    EXPECT_EQ(read_error(variables + variables.left(7)),
+              "object 3 (id 5000, type 21 Number_variable) at byte offset 22: id 5000 is already used by an earlier "
+              "object");
+    EXPECT_EQ(read_error(bytes({0xFF, 0xFF, 0x15, 0, 0, 0, 0})),
+              "object 0 (id 65535, type 21 Number_variable) at byte offset 0: object id 65535 is the NULL id");
+    // A string whose length runs past the end of the input.
+    EXPECT_EQ(read_error(bytes({0x07, 0x00, 0x16, 0xFF, 0xFF, 0x61})),
+              "object 0 (id 7, type 22 String_variable) at byte offset 0: attributes truncated or malformed "
+              "(3 bytes left after the header)");
+}
+
+TEST(ToolsPoolFile, SurvivesEveryTruncationAndCorruptionOfAPool)
+{
+    // Every prefix, and every single-byte change, either reads or fails cleanly.
+    test::Dprint_capture quiet;
+    for (int n = 0; n < variables.size(); ++n) {
+        Object_pool pool;
+        QString error;
+        bool ok = Pool_file::read(variables.left(n), pool, &error);
+        EXPECT_EQ(ok, n == 7 || n == 15) << n;
+        if (!ok) {
+            EXPECT_FALSE(error.isEmpty());
+        }
+    }
+    for (int i = 0; i < variables.size(); ++i)
+        for (int v : {0x00, 0x16, 0x7F, 0xFF}) {
+            QByteArray b = variables;
+            b[i] = char(v);
+            Object_pool pool;
+            QString error;
+            if (!Pool_file::read(b, pool, &error)) {
+                EXPECT_TRUE(error.startsWith("object ")) << error.toStdString();
+            }
+        }
+}

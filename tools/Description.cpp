@@ -1,0 +1,821 @@
+#include "tools/Description.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QXmlStreamReader>
+#include <cstring>
+#include <iostream>
+#include <limits>
+#include <sstream>
+
+#include "tools/Object_factory.h"
+#include "tools/Picture_encoder.h"
+
+namespace VT {
+
+namespace {
+
+const int MAX_DEPTH = 64;
+const uint16_t NULL_ID = 65535; // the NULL object id
+
+// Elements that are parts of an object rather than objects.
+const char* const item_names[] = {"place", "ref", "Event_macro", "Language", "Point", "Labelref",
+                                  "Code_plane_range", "Code_plane_rangeset", "Editable"};
+
+bool is_item_name(const QByteArray& n)
+{
+    for (const char* item : item_names)
+        if (n == item)
+            return true;
+    return false;
+}
+
+bool is_attr_wrapper(const QByteArray& n)
+{
+    return n.startsWith("attr_");
+}
+
+// Attributes given as hexadecimal byte strings.
+bool is_byte_string(const QByteArray& key)
+{
+    return key == "bytes" || key == "colours" || key == "data";
+}
+
+bool is_type_name(const QByteArray& n)
+{
+    for (unsigned t = 0; t < 48; ++t)
+        if (n == VT_obj_type::get_type_string(VT_obj_type::type_t(t)))
+            return true;
+    for (unsigned t : {241u, 242u, 243u, 244u, 245u, 246u + 256, 246u + 512, 246u + 768, 246u + 1024, 246u + 1280})
+        if (n == VT_obj_type::get_type_string(VT_obj_type::type_t(t)))
+            return true;
+    return false;
+}
+
+struct Symbol
+{
+    const char* name;
+    int value;
+};
+// Symbolic values accepted wherever a number is.
+const Symbol symbols[] = {{"MONOCHROME", 0}, {"FOUR_BIT_COLOUR", 1}, {"EIGHT_BIT_COLOUR", 2},
+                          {"false", 0},      {"true", 1}};
+
+// Parses decimal or 0x-hexadecimal integers with an optional sign, and the symbols above.
+bool parse_integer(const QByteArray& raw, bool& negative, quint64& magnitude)
+{
+    QByteArray text = raw.trimmed();
+    for (const Symbol& s : symbols)
+        if (text == s.name) {
+            negative = false;
+            magnitude = quint64(s.value);
+            return true;
+        }
+    negative = false;
+    if (text.startsWith('-') || text.startsWith('+')) {
+        negative = text[0] == '-';
+        text = text.mid(1);
+    }
+    if (text.isEmpty())
+        return false;
+    bool ok = false;
+    if (text.startsWith("0x") || text.startsWith("0X")) {
+        text = text.mid(2);
+        if (text.isEmpty())
+            return false;
+        for (char c : text)
+            if (!isxdigit(uchar(c)))
+                return false;
+        magnitude = text.toULongLong(&ok, 16);
+    } else {
+        for (char c : text)
+            if (!isdigit(uchar(c)))
+                return false;
+        magnitude = text.toULongLong(&ok, 10);
+    }
+    return ok;
+}
+
+// Decodes "A0 05 ff", "0xA0,0x05" or "A005ff" into bytes.
+bool decode_hex(const QByteArray& text, QByteArray& out)
+{
+    out.clear();
+    QByteArray digits;
+    for (const QByteArray& token : text.simplified().replace(',', ' ').split(' ')) {
+        if (token.isEmpty())
+            continue;
+        QByteArray t = token;
+        if (t.startsWith("0x") || t.startsWith("0X"))
+            t = t.mid(2);
+        if (t.isEmpty() || t.size() % 2)
+            return false;
+        for (char c : t)
+            if (!isxdigit(uchar(c)))
+                return false;
+        digits += t;
+    }
+    out = QByteArray::fromHex(digits);
+    return true;
+}
+
+Description* current_description = nullptr;
+
+}
+
+const QByteArray* Xml_element::attribute(const QByteArray& key) const
+{
+    for (const auto& a : attributes)
+        if (a.first == key)
+            return &a.second;
+    return nullptr;
+}
+
+bool Xml_element::is_object() const
+{
+    return !is_item_name(name) && !is_attr_wrapper(name) && name != "colour" && name != "object_pool";
+}
+
+bool Xml_element::is_list_item() const
+{
+    return name == "place" || name == "ref";
+}
+
+// The library's view of one element of a description.
+class Description_node : public Spec_node
+{
+public:
+    Description_node(Description& d, Xml_element* e) : d(d), e(e) {}
+
+    Xml_element* element() const { return e; }
+
+    int get_uint8(uint8_t* out, const char* n) override { return number(out, n, true); }
+    int get_uint16(uint16_t* out, const char* n) override { return number(out, n, true); }
+    int get_uint32(uint32_t* out, const char* n) override { return number(out, n, false); }
+    int get_uint64(uint64_t* out, const char* n) override { return number(out, n, false); }
+    int get_int8(int8_t* out, const char* n) override { return number(out, n, false); }
+    int get_int16(int16_t* out, const char* n) override { return number(out, n, false); }
+    int get_int32(int32_t* out, const char* n) override { return number(out, n, false); }
+    int get_int64(int64_t* out, const char* n) override { return number(out, n, false); }
+
+    int get_float(float* out, const char* n) override
+    {
+        const QByteArray* v = value(n);
+        if (!v)
+            return 0;
+        bool ok = false;
+        float f = v->trimmed().toFloat(&ok);
+        if (!ok) {
+            d.problem(e, QStringLiteral("'%1' of '%2' is not a number").arg(QString::fromUtf8(*v), QString(n)));
+            return 0;
+        }
+        *out = f;
+        return 1;
+    }
+
+    int get_text(char* buf, int size, const char* n) override
+    {
+        QByteArray bytes;
+        if (!bytes_of(n, bytes) || !buf || size < 1)
+            return 0;
+        int k = std::min(bytes.size(), size - 1);
+        memcpy(buf, bytes.constData(), size_t(k));
+        buf[k] = 0;
+        return 1;
+    }
+
+    int get_value_length(const char* n, scale_area_t) override
+    {
+        QByteArray bytes;
+        return bytes_of(n, bytes) ? bytes.size() : -1;
+    }
+
+    bool has_value(const char* n, scale_area_t) override { return value(n) != nullptr; }
+
+    void describe(char* buf, int size) override
+    {
+        if (!buf || size < 1)
+            return;
+        QByteArray text = d.where(e).toUtf8() + ": <" + e->name;
+        if (const QByteArray* name = e->attribute("name"))
+            text += " name='" + *name + "'";
+        text += ">";
+        int k = std::min(text.size(), size - 1);
+        memcpy(buf, text.constData(), size_t(k));
+        buf[k] = 0;
+    }
+
+    int count_children(const char* filter) override
+    {
+        int count = 0;
+        for (const auto& c : e->children)
+            count += matches(*c, filter);
+        return count;
+    }
+
+    Spec_node* get_child(int index, const char* filter) override
+    {
+        if (index < 0)
+            return nullptr;
+        for (const auto& c : e->children)
+            if (matches(*c, filter) && index-- == 0)
+                return new Description_node(d, c.get());
+        return nullptr;
+    }
+
+    uint16_t lookup_object_id(const char* n) override
+    {
+        QByteArray name(n ? n : "");
+        if (name == "65535")
+            return NULL_ID;
+        uint16_t id = d.lookup_id(name);
+        if (id == NULL_ID)
+            d.note_unknown_reference(e, name);
+        return id;
+    }
+
+    VT_obj* find_object(const char* n) override { return d.find_object(QByteArray(n ? n : "")); }
+
+    VT_obj* get_object() override
+    {
+        if (e->object)
+            return e->object;
+        // A list item or attribute wrapper stands for the object defined inside it.
+        if (e->is_list_item() || is_attr_wrapper(e->name))
+            for (const auto& c : e->children)
+                if (c->is_object())
+                    return c->object;
+        return nullptr;
+    }
+
+    void report_unresolved() override
+    {
+        char text[512];
+        describe(text, sizeof text);
+        std::cerr << text << ": reference to an unknown object" << std::endl;
+    }
+
+private:
+    // "!Event_macro" (any "!" filter) selects the children that are objects or place/ref items;
+    // a name selects the children of that element name; no filter selects all.
+    static bool matches(const Xml_element& c, const char* filter)
+    {
+        if (!filter)
+            return true;
+        if (filter[0] == '!')
+            return (c.is_object() || c.is_list_item()) && c.name != filter + 1;
+        return c.name == filter;
+    }
+
+    const QByteArray* value(const char* n)
+    {
+        QByteArray key(n ? n : "");
+        auto s = e->supplied.constFind(key);
+        if (s != e->supplied.constEnd()) {
+            e->used.insert(key);
+            return &s.value();
+        }
+        const QByteArray* v = e->attribute(key);
+        if (v)
+            e->used.insert(key);
+        return v;
+    }
+
+    // The bytes of a value: raw for byte strings and picture data, ISO 8859-1 for texts.
+    bool bytes_of(const char* n, QByteArray& out)
+    {
+        const QByteArray* v = value(n);
+        if (!v)
+            return false;
+        if (e->binary.contains(QByteArray(n))) {
+            out = *v;
+            return true;
+        }
+        QString text = QString::fromUtf8(*v);
+        for (QChar c : text)
+            if (c.unicode() > 0xFF) {
+                d.problem(e, QStringLiteral("text '%1' of '%2' has characters outside ISO 8859-1")
+                                 .arg(text, QString(n)));
+                break;
+            }
+        out = text.toLatin1();
+        return true;
+    }
+
+    template <class T>
+    int number(T* out, const char* n, bool names)
+    {
+        QByteArray key(n ? n : "");
+        const QByteArray* v = value(n);
+        // A language item gives its two characters as one code.
+        if (!v && e->name == "Language" && (key == "byte_1" || key == "byte_2"))
+            if (const QByteArray* code = value("code")) {
+                if (code->size() != 2) {
+                    d.problem(e, QStringLiteral("language code '%1' must be two letters").arg(QString::fromUtf8(*code)));
+                    return 0;
+                }
+                *out = T(uchar((*code)[key == "byte_1" ? 0 : 1]));
+                return 1;
+            }
+        if (!v)
+            return 0;
+        bool negative = false;
+        quint64 magnitude = 0;
+        if (!parse_integer(*v, negative, magnitude)) {
+            uint16_t id = names ? d.lookup_id(v->trimmed()) : NULL_ID;
+            if (id == NULL_ID) {
+                d.problem(e, QStringLiteral("'%1' of '%2' is not a number%3")
+                                 .arg(QString::fromUtf8(*v), QString(key), names ? " nor an object name" : ""));
+                return 0;
+            }
+            negative = false;
+            magnitude = id;
+        }
+        typedef std::numeric_limits<T> lim;
+        bool fits = negative ? (lim::is_signed && magnitude <= quint64(-(lim::min() + 1)) + 1)
+                             : magnitude <= quint64(lim::max());
+        if (!fits) {
+            d.problem(e, QStringLiteral("'%1' of '%2' does not fit in %3 bits%4")
+                             .arg(QString::fromUtf8(*v), QString(key))
+                             .arg(int(sizeof(T) * 8))
+                             .arg(lim::is_signed ? "" : " unsigned"));
+            return 0;
+        }
+        *out = negative ? T(-qint64(magnitude - 1) - 1) : T(magnitude);
+        return 1;
+    }
+
+    Description& d;
+    Xml_element* e;
+};
+
+Description::Description() = default;
+Description::~Description() = default;
+
+QString Description::where(const Xml_element* e) const
+{
+    return e ? QStringLiteral("%1:%2").arg(file).arg(e->line) : file;
+}
+
+void Description::problem(const Xml_element* e, const QString& text)
+{
+    QString line = where(e) + ": " + text;
+    if (!problem_list.contains(line))
+        problem_list.append(line);
+}
+
+void Description::warning(const Xml_element* e, const QString& text)
+{
+    QString line = where(e) + ": " + text;
+    if (!warning_list.contains(line))
+        warning_list.append(line);
+}
+
+Spec_node* Description::make_node(Xml_element* e)
+{
+    return new Description_node(*this, e);
+}
+
+bool Description::load_file(const QString& path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly)) {
+        file = path;
+        problem_list.append(QStringLiteral("%1: cannot open: %2").arg(path, f.errorString()));
+        return false;
+    }
+    return parse(f.readAll(), path);
+}
+
+bool Description::parse(const QByteArray& xml, const QString& file_name)
+{
+    file = file_name;
+    base_dir = QFileInfo(file_name).absolutePath();
+    root.reset();
+    QXmlStreamReader reader(xml);
+    std::vector<Xml_element*> stack;
+    while (!reader.atEnd()) {
+        // Text between tokens is a token of its own, so this is the line a start tag begins on
+        // (the reader reports where it ends).
+        qint64 start_line = reader.lineNumber();
+        QXmlStreamReader::TokenType t = reader.readNext();
+        if (t == QXmlStreamReader::StartElement) {
+            if (stack.size() >= size_t(MAX_DEPTH)) {
+                problem_list.append(QStringLiteral("%1:%2: elements nested more than %3 deep")
+                                        .arg(file)
+                                        .arg(reader.lineNumber())
+                                        .arg(MAX_DEPTH));
+                root.reset();
+                return false;
+            }
+            auto element = std::make_unique<Xml_element>();
+            element->name = reader.name().toUtf8();
+            element->line = int(std::max<qint64>(start_line, 1));
+            for (const QXmlStreamAttribute& a : reader.attributes())
+                element->attributes.append({a.qualifiedName().toUtf8(), a.value().toUtf8()});
+            Xml_element* raw = element.get();
+            if (stack.empty()) {
+                root = std::move(element);
+            } else {
+                raw->parent = stack.back();
+                stack.back()->children.push_back(std::move(element));
+            }
+            stack.push_back(raw);
+        } else if (t == QXmlStreamReader::EndElement) {
+            if (!stack.empty())
+                stack.pop_back();
+        } else if (t == QXmlStreamReader::Characters && !reader.isWhitespace() && !stack.empty()) {
+            problem(stack.back(), QStringLiteral("unexpected text '%1' in <%2>")
+                                      .arg(reader.text().toString().trimmed().left(40),
+                                           QString::fromUtf8(stack.back()->name)));
+        }
+    }
+    if (reader.hasError()) {
+        problem_list.append(
+            QStringLiteral("%1:%2: XML error: %3").arg(file).arg(reader.lineNumber()).arg(reader.errorString()));
+        root.reset();
+        return false;
+    }
+    if (!root) {
+        problem_list.append(QStringLiteral("%1: no root element").arg(file));
+        return false;
+    }
+    return problem_list.isEmpty();
+}
+
+uint16_t Description::lookup_id(const QByteArray& name) const
+{
+    Xml_element* e = by_name.value(name, nullptr);
+    return e ? ids.value(e, NULL_ID) : NULL_ID;
+}
+
+VT_obj* Description::find_object(const QByteArray& name) const
+{
+    Xml_element* e = by_name.value(name, nullptr);
+    return e ? e->object : nullptr;
+}
+
+void Description::note_unknown_reference(const Xml_element* e, const QByteArray& name)
+{
+    QPair<const Xml_element*, QByteArray> key(e, name);
+    if (unknown_seen.contains(key))
+        return;
+    unknown_seen.insert(key);
+    // Items of lists are reported at the element that holds them, with the item's own line.
+    const Xml_element* owner = e;
+    while (owner && !owner->is_object())
+        owner = owner->parent;
+    QString whose;
+    if (owner) {
+        const QByteArray* owner_name = owner->attribute("name");
+        whose = QStringLiteral(" (in %1 '%2')")
+                    .arg(QString::fromUtf8(owner->name), owner_name ? QString::fromUtf8(*owner_name) : QString());
+    }
+    problem(e, QStringLiteral("unknown object '%1'%2").arg(QString::fromUtf8(name), whose));
+}
+
+bool Description::declared_colour(const QByteArray& name, unsigned char& out) const
+{
+    QByteArray text = name;
+    // Declarations may name other declarations; a short chain only, so loops end.
+    for (int depth = 0; depth < 8; ++depth) {
+        auto it = colours.constFind(text);
+        if (it == colours.constEnd())
+            return false;
+        unsigned char c = 0;
+        if (Attribute_colour::get_colour_val(it->value.constData(), c)) {
+            out = c;
+            return true;
+        }
+        text = it->value;
+    }
+    return false;
+}
+
+void Description::collect(Xml_element* e, int depth)
+{
+    if (e->name == "colour") {
+        const QByteArray* name = e->attribute("name");
+        const QByteArray* value = e->attribute("value");
+        if (!name || name->isEmpty() || !value) {
+            problem(e, QStringLiteral("<colour> needs a name and a value"));
+            return;
+        }
+        e->used.insert("name");
+        e->used.insert("value");
+        if (colours.contains(*name)) {
+            problem(e, QStringLiteral("colour '%1' is already declared at line %2")
+                           .arg(QString::fromUtf8(*name))
+                           .arg(colours.value(*name).element->line));
+            return;
+        }
+        unsigned char c = 0;
+        if (Attribute_colour::get_colour_val(name->constData(), c))
+            warning(e, QStringLiteral("colour '%1' reads as a standard colour or number; the declaration is never used")
+                           .arg(QString::fromUtf8(*name)));
+        colours.insert(*name, {*value, e});
+        return;
+    }
+    if (!e->is_object()) {
+        problem(e, QStringLiteral("<%1> is not allowed here").arg(QString::fromUtf8(e->name)));
+        return;
+    }
+    const Object_factory::Entry* entry = Object_factory::find(QString::fromUtf8(e->name));
+    if (!entry) {
+        if (is_type_name(e->name))
+            problem(e, QStringLiteral("object type '%1' is not available in this build").arg(QString::fromUtf8(e->name)));
+        else
+            problem(e, QStringLiteral("unknown object type '%1'").arg(QString::fromUtf8(e->name)));
+    }
+    e->used.insert("name");
+    e->used.insert("id");
+    const QByteArray* name = e->attribute("name");
+    if (!name || name->isEmpty()) {
+        problem(e, QStringLiteral("<%1> has no name").arg(QString::fromUtf8(e->name)));
+    } else if (name->size() > VT_obj::NAME_LEN) {
+        problem(e, QStringLiteral("name '%1' is longer than %2 characters")
+                       .arg(QString::fromUtf8(*name))
+                       .arg(VT_obj::NAME_LEN));
+    } else if (*name == "65535" || *name == VT_obj::NO_NAME) {
+        problem(e, QStringLiteral("'%1' cannot be used as a name").arg(QString::fromUtf8(*name)));
+    } else if (by_name.contains(*name)) {
+        problem(e, QStringLiteral("name '%1' is already used at line %2")
+                       .arg(QString::fromUtf8(*name))
+                       .arg(by_name.value(*name)->line));
+    } else {
+        by_name.insert(*name, e);
+    }
+    if (const QByteArray* id_text = e->attribute("id")) {
+        bool negative = false;
+        quint64 id = 0;
+        if (!parse_integer(*id_text, negative, id) || negative || id >= NULL_ID) {
+            problem(e, QStringLiteral("id '%1' is not an object id (0 to 65534)").arg(QString::fromUtf8(*id_text)));
+        } else if (by_id.contains(uint16_t(id))) {
+            problem(e, QStringLiteral("id %1 is already used at line %2").arg(id).arg(by_id.value(uint16_t(id))->line));
+        } else {
+            by_id.insert(uint16_t(id), e);
+            ids.insert(e, uint16_t(id));
+        }
+    }
+    object_elements.append(e);
+    check_children(e, depth + 1);
+}
+
+void Description::check_children(Xml_element* e, int depth)
+{
+    for (const auto& child : e->children) {
+        Xml_element* c = child.get();
+        if (depth > MAX_DEPTH) {
+            problem(c, QStringLiteral("objects nested too deeply"));
+            return;
+        }
+        if (c->is_object()) {
+            collect(c, depth); // an inline object of a plain reference list
+        } else if (c->is_list_item() || is_attr_wrapper(c->name)) {
+            int objects = 0;
+            for (const auto& inner : c->children) {
+                if (inner->is_object() && objects++ == 0)
+                    collect(inner.get(), depth + 1);
+                else
+                    problem(inner.get(), QStringLiteral("<%1> holds one object definition only")
+                                             .arg(QString::fromUtf8(c->name)));
+            }
+            if (is_attr_wrapper(c->name) && objects == 0)
+                problem(c, QStringLiteral("<%1> holds no object definition").arg(QString::fromUtf8(c->name)));
+        } else if (c->name == "colour") {
+            problem(c, QStringLiteral("<colour> declarations belong directly under <object_pool>"));
+        } else {
+            for (const auto& inner : c->children)
+                problem(inner.get(), QStringLiteral("<%1> has no child elements").arg(QString::fromUtf8(c->name)));
+        }
+    }
+}
+
+void Description::assign_ids()
+{
+    uint32_t next = 0;
+    auto take_lowest = [&](Xml_element* e) {
+        while (next < NULL_ID && by_id.contains(uint16_t(next)))
+            ++next;
+        if (next >= NULL_ID) {
+            problem(e, QStringLiteral("no object id left"));
+            return;
+        }
+        by_id.insert(uint16_t(next), e);
+        ids.insert(e, uint16_t(next));
+    };
+    // A working set prefers id 0.
+    for (Xml_element* e : object_elements)
+        if (!ids.contains(e) && !e->attribute("id") && e->name == "Working_set") {
+            if (!by_id.contains(0)) {
+                by_id.insert(0, e);
+                ids.insert(e, 0);
+            } else {
+                take_lowest(e);
+            }
+        }
+    for (Xml_element* e : object_elements)
+        if (!ids.contains(e) && !e->attribute("id"))
+            take_lowest(e);
+}
+
+void Description::prepare_values(Xml_element* e)
+{
+    bool picture = e->name == "Picture_graphic" || e->name == "PNG";
+    if (picture && e->attribute("file")) {
+        prepare_picture(e, e->name == "PNG");
+        return;
+    }
+    for (const auto& a : e->attributes) {
+        if (!is_byte_string(a.first))
+            continue;
+        QByteArray bytes;
+        if (!decode_hex(a.second, bytes)) {
+            problem(e, QStringLiteral("'%1' must be hexadecimal bytes such as \"A0 05 FF\"").arg(QString::fromUtf8(a.first)));
+            continue;
+        }
+        e->supplied.insert(a.first, bytes);
+        e->binary.insert(a.first);
+    }
+}
+
+void Description::prepare_picture(Xml_element* e, bool png)
+{
+    e->used.insert("file");
+    QString path = QString::fromUtf8(*e->attribute("file"));
+    if (QFileInfo(path).isRelative())
+        path = QDir(base_dir).filePath(path);
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly)) {
+        problem(e, QStringLiteral("cannot read picture '%1': %2").arg(path, f.errorString()));
+        return;
+    }
+    QByteArray content = f.readAll();
+    QImage image;
+    if (content.isEmpty() || !image.loadFromData(content)) {
+        problem(e, QStringLiteral("'%1' is not an image this tool can read").arg(path));
+        return;
+    }
+    if (image.width() > 65535 || image.height() > 65535 || qint64(image.width()) * image.height() > (1 << 24)) {
+        problem(e, QStringLiteral("picture '%1' is too large (%2 x %3)").arg(path).arg(image.width()).arg(image.height()));
+        return;
+    }
+    auto supply = [&](const char* key, const QByteArray& v) {
+        if (e->attribute(key) && QByteArray(key) != "width")
+            warning(e, QStringLiteral("'%1' is taken from the picture file; the value given is ignored").arg(key));
+        e->supplied.insert(key, v);
+    };
+    if (!e->attribute("width"))
+        supply("width", QByteArray::number(image.width()));
+    supply("actual_width", QByteArray::number(image.width()));
+    supply("actual_height", QByteArray::number(image.height()));
+    QByteArray data;
+    if (png) {
+        data = content;
+    } else {
+        unsigned format = EIGHT_BIT_COLOUR;
+        unsigned options = 0;
+        unsigned char transparency = 0;
+        Description_node node(*this, e);
+        uint8_t v = 0;
+        if (node.get_uint8(&v, "format")) {
+            if (v > EIGHT_BIT_COLOUR)
+                problem(e, QStringLiteral("format %1 is not 0 to 2").arg(v));
+            format = std::min<unsigned>(v, EIGHT_BIT_COLOUR);
+        }
+        if (node.get_uint8(&v, "options"))
+            options = v;
+        if (const QByteArray* t = e->attribute("transparency_colour"))
+            if (!Attribute_colour::get_colour_val(t->constData(), transparency) && !declared_colour(*t, transparency))
+                problem(e, QStringLiteral("unknown colour '%1'").arg(QString::fromUtf8(*t)));
+        data = Picture_encoder::encode(image.convertToFormat(QImage::Format_ARGB32), format_t(format),
+                                       (options & 4) != 0, transparency);
+        // Symbolic formats reach the library as numbers.
+        e->supplied.insert("format", QByteArray::number(format));
+    }
+    supply("num_bytes", QByteArray::number(data.size()));
+    e->supplied.insert("bytes", data);
+    e->binary.insert("bytes");
+}
+
+void Description::apply_spec()
+{
+    // Library chatter on standard output (arrays print what they read) stays out of the output
+    // of the tool.
+    std::ostringstream chatter;
+    std::streambuf* old = nullptr;
+    if (!verbose)
+        old = std::cout.rdbuf(chatter.rdbuf());
+
+    QSet<Xml_element*> done;
+    auto process = [&](Xml_element* e, scale_area_t area) {
+        done.insert(e);
+        e->object->set_by_spec(area);
+    };
+    QVector<Xml_element*> built;
+    for (Xml_element* e : object_elements)
+        if (e->object)
+            built.append(e);
+    // Masks first, so that the areas they are drawn in reach their children before those read
+    // their own values; then whatever has learned its area; then the rest.
+    for (Xml_element* e : built)
+        if (e->object->get_type() == VT_obj_type::TYPE_DATA_MASK)
+            process(e, SCALE_AREA_ACTIVE);
+    for (Xml_element* e : built) {
+        unsigned t = e->object->get_type();
+        if (t == VT_obj_type::TYPE_SOFT_KEY_MASK || t == VT_obj_type::TYPE_KEY)
+            process(e, SCALE_AREA_SOFT_KEY);
+    }
+    for (bool progress = true; progress;) {
+        progress = false;
+        for (Xml_element* e : built)
+            if (!done.contains(e) && e->object->get_scale_area() != SCALE_AREA_NONE) {
+                process(e, e->object->get_scale_area());
+                progress = true;
+            }
+    }
+    for (Xml_element* e : built)
+        if (!done.contains(e))
+            process(e, SCALE_AREA_NONE);
+
+    if (old)
+        std::cout.rdbuf(old);
+}
+
+namespace {
+unsigned char resolve_declared_colour(Resolve_colour::Attribute_node& node)
+{
+    Description* d = current_description;
+    const char* text = node.get_name() ? node.get_name() : "";
+    unsigned char colour = 0;
+    if (d && d->declared_colour(QByteArray(text), colour))
+        return colour;
+    auto* spec = dynamic_cast<Description_node*>(node.get_spec_node());
+    if (d)
+        d->problem(spec ? spec->element() : nullptr, QStringLiteral("unknown colour '%1'").arg(QString::fromUtf8(text)));
+    return 0;
+}
+}
+
+void Description::resolve_colours()
+{
+    current_description = this;
+    Resolve_colour::List<Resolve_colour::Attribute_node>::unresolved.resolve_colours(&resolve_declared_colour);
+    current_description = nullptr;
+}
+
+void Description::report_unused(const Xml_element* e)
+{
+    if (e->name != "colour" && e != root.get())
+        for (const auto& a : e->attributes)
+            if (!e->used.contains(a.first)) {
+                const Xml_element* owner = e;
+                while (owner && !owner->is_object())
+                    owner = owner->parent;
+                warning(e, QStringLiteral("attribute '%1' of <%2> is not used%3")
+                               .arg(QString::fromUtf8(a.first), QString::fromUtf8(e->name),
+                                    owner && owner->object ? "" : " (its object was not built)"));
+            }
+    for (const auto& c : e->children)
+        report_unused(c.get());
+}
+
+bool Description::build(Object_pool& target)
+{
+    pool = &target;
+    if (!root) {
+        if (problem_list.isEmpty())
+            problem_list.append(QStringLiteral("%1: nothing to build").arg(file));
+        return false;
+    }
+    if (root->name != "object_pool") {
+        problem(root.get(), QStringLiteral("the root element must be <object_pool>, not <%1>").arg(QString::fromUtf8(root->name)));
+        return false;
+    }
+    for (const auto& c : root->children)
+        collect(c.get(), 1);
+    assign_ids();
+    if (!problem_list.isEmpty())
+        return false;
+
+    for (Xml_element* e : object_elements)
+        prepare_values(e);
+    for (Xml_element* e : object_elements) {
+        const Object_factory::Entry* entry = Object_factory::find(QString::fromUtf8(e->name));
+        VT_obj* obj = entry->make(new Description_node(*this, e));
+        obj->set_id(ids.value(e));
+        obj->set_name(e->attribute("name")->constData());
+        QString why;
+        if (pool->add(obj, &why))
+            e->object = obj;
+        else
+            problem(e, why);
+    }
+    apply_spec();
+    resolve_colours();
+    report_unused(root.get());
+    return problem_list.isEmpty();
+}
+
+}

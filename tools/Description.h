@@ -1,0 +1,113 @@
+#ifndef TOOLS_DESCRIPTION_H
+#define TOOLS_DESCRIPTION_H
+
+#include <QByteArray>
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+#include <memory>
+#include <vector>
+
+#include "tools/Object_pool.h"
+
+namespace VT {
+
+// One element of a pool description: its name, XML attributes, line and children.
+struct Xml_element
+{
+    QByteArray name;
+    QVector<QPair<QByteArray, QByteArray>> attributes; // UTF-8, in document order
+    int line = 0;
+    Xml_element* parent = nullptr;
+    std::vector<std::unique_ptr<Xml_element>> children;
+
+    // Filled while building: values the host supplies itself (decoded byte strings, picture data
+    // and sizes), which take precedence over the XML attributes; the object the element defines;
+    // and the attribute names that were asked for.
+    QHash<QByteArray, QByteArray> supplied;
+    QSet<QByteArray> binary; // supplied values that are raw bytes rather than text
+    VT_obj* object = nullptr;
+    QSet<QByteArray> used;
+
+    const QByteArray* attribute(const QByteArray& key) const;
+    bool is_object() const;      // an element that defines an object (named by a type)
+    bool is_list_item() const;   // "place" or "ref"
+};
+
+// A pool description read from XML (format: docs/description-format.md) and built into the
+// objects of an Object_pool through the library's spec input.
+class Description
+{
+public:
+    Description();
+    ~Description();
+    Description(const Description&) = delete;
+    Description& operator=(const Description&) = delete;
+
+    // Parse errors land in problems(); false when the text is not a usable description.
+    bool load_file(const QString& path);
+    bool parse(const QByteArray& xml, const QString& file_name);
+
+    // Creates every object, gives it its id and name, adds it to `pool`, reads its values and
+    // resolves colours. False when any problem was found (see problems()); the pool then holds
+    // whatever could be built.
+    bool build(Object_pool& pool);
+
+    // Problems found (each "file:line: text"); warnings do not make a build fail.
+    const QStringList& problems() const { return problem_list; }
+    const QStringList& warnings() const { return warning_list; }
+    // Library chatter on standard output during spec input is dropped unless verbose.
+    void set_verbose(bool on) { verbose = on; }
+
+    const QString& file_name() const { return file; }
+    QString where(const Xml_element* e) const;
+
+    // A spec node over an element of this description (the caller deletes it).
+    Spec_node* make_node(Xml_element* e);
+    Xml_element* root_element() { return root.get(); }
+
+    // Used by the spec nodes.
+    void problem(const Xml_element* e, const QString& text);
+    void warning(const Xml_element* e, const QString& text);
+    uint16_t lookup_id(const QByteArray& name) const;
+    VT_obj* find_object(const QByteArray& name) const;
+    // The colour a name of a <colour> declaration stands for; false when unknown.
+    bool declared_colour(const QByteArray& name, unsigned char& out) const;
+    void note_unknown_reference(const Xml_element* e, const QByteArray& name);
+
+private:
+    struct Colour
+    {
+        QByteArray value;
+        const Xml_element* element;
+    };
+
+    void collect(Xml_element* e, int depth);
+    void check_children(Xml_element* e, int depth);
+    void assign_ids();
+    void prepare_values(Xml_element* e);
+    void prepare_picture(Xml_element* e, bool png);
+    void apply_spec();
+    void resolve_colours();
+    void report_unused(const Xml_element* e);
+
+    QString file;
+    QString base_dir;
+    std::unique_ptr<Xml_element> root;
+    QVector<Xml_element*> object_elements; // document order, inline objects after their owner
+    QHash<QByteArray, Xml_element*> by_name;
+    QHash<uint16_t, Xml_element*> by_id;
+    QHash<const Xml_element*, uint16_t> ids;
+    QHash<QByteArray, Colour> colours;
+    QSet<QPair<const Xml_element*, QByteArray>> unknown_seen;
+    Object_pool* pool = nullptr;
+    QStringList problem_list;
+    QStringList warning_list;
+    bool verbose = false;
+};
+
+}
+
+#endif

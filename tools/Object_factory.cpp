@@ -1,0 +1,67 @@
+#include "tools/Object_factory.h"
+
+#include <QHash>
+
+namespace VT {
+
+namespace {
+
+template <class X>
+VT_obj* make(Spec_node* spec)
+{
+    return new X(spec);
+}
+
+#define VT_CLASS(TYPE, CLASS) {VT_obj_type::TYPE, &make<Base::CLASS>, true}
+#define VT_DESCRIPTION_ONLY(TYPE, CLASS) {VT_obj_type::TYPE, &make<Base::CLASS>, false}
+
+// Every object class of the library.
+const Object_factory::Entry classes[] = {
+    VT_CLASS(TYPE_NUMBER_VARIABLE, Number_variable_obj),
+    VT_CLASS(TYPE_STRING_VARIABLE, String_variable_obj),
+};
+
+#undef VT_CLASS
+#undef VT_DESCRIPTION_ONLY
+
+struct Index
+{
+    QList<const Object_factory::Entry*> entries;
+    QHash<QString, const Object_factory::Entry*> by_name;
+    QHash<unsigned, const Object_factory::Entry*> by_type;
+
+    Index()
+    {
+        for (const Object_factory::Entry& e : classes) {
+            entries.append(&e);
+            by_name.insert(QString::fromLatin1(e.name()), &e);
+            if (e.in_pool_files)
+                by_type.insert(unsigned(e.type), &e);
+        }
+    }
+};
+
+const Index& index()
+{
+    static const Index i;
+    return i;
+}
+
+}
+
+const Object_factory::Entry* Object_factory::find(const QString& type_name)
+{
+    return index().by_name.value(type_name, nullptr);
+}
+
+const Object_factory::Entry* Object_factory::find_for_pool(unsigned full_type)
+{
+    return index().by_type.value(full_type, nullptr);
+}
+
+const QList<const Object_factory::Entry*>& Object_factory::all()
+{
+    return index().entries;
+}
+
+}

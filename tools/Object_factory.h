@@ -1,0 +1,33 @@
+#ifndef TOOLS_OBJECT_FACTORY_H
+#define TOOLS_OBJECT_FACTORY_H
+
+#include <QList>
+#include <QString>
+
+#include "vt_core.h"
+
+namespace VT {
+
+// Which class builds an object of a given type. One table of entries; adding a class is one
+// line there. Type names are those of VT_obj_type::get_type_string.
+class Object_factory
+{
+public:
+    struct Entry
+    {
+        VT_obj_type::type_t type; // full type (configuration objects carry their extended type)
+        VT_obj* (*make)(Spec_node* spec);
+        bool in_pool_files;       // false: built only from descriptions (travels as another type)
+        const char* name() const { return VT_obj_type::get_type_string(type); }
+    };
+
+    // The entry for a type name of a description, or null.
+    static const Entry* find(const QString& type_name);
+    // The entry that reads objects of this full type from pool bytes, or null.
+    static const Entry* find_for_pool(unsigned full_type);
+    static const QList<const Entry*>& all();
+};
+
+}
+
+#endif

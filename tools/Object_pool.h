@@ -1,0 +1,113 @@
+#ifndef TOOLS_OBJECT_POOL_H
+#define TOOLS_OBJECT_POOL_H
+
+#include <QByteArray>
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QVector>
+#include <functional>
+
+#include "vt_core.h"
+
+namespace VT {
+
+// The host's pool container: owns its objects, finds them by id and by name, and gives every
+// object it holds a pool helper through which the object reaches the pool (locking, the
+// terminal's limits, the negotiated version, supported types, look-ups and uploads).
+class Object_pool
+{
+public:
+    // What the objects of this pool see of it.
+    class Helper : public Pool_helper_api
+    {
+    public:
+        explicit Helper(Object_pool& pool) : pool(pool) {}
+
+        // A recursive lock: single-threaded, it only counts, so that unchecked accessors can
+        // assert that the caller really holds it.
+        void lock() const override;
+        void unlock() const override;
+        void __check_locked() const override;
+        int lock_depth() const { return depth; }
+
+        void __set_pool(Object_pool*) override {}
+        void set_pool(Object_pool*) override {}
+        Object_pool* __get_pool() override { return &pool; }
+        Object_pool* get_pool() override { return &pool; }
+        bool in_pool(const Object_pool& p) override { return &p == &pool; }
+        bool has_pool() override { return true; }
+
+        uint8_t negotiated_version() const override { return version; }
+        void set_negotiated_version(uint8_t v) { version = v; }
+        bool obj_type_supported(uint8_t type) const override { return supported.contains(type); }
+        void set_supported_types(const QSet<uint8_t>& types) { supported = types; }
+        const QSet<uint8_t>& get_supported_types() const { return supported; }
+
+        VT_obj* find_object(const Attribute_object_placement& placement) override;
+        // Records the request and hands it to the pool's upload callback, if any.
+        void upload(VT_obj* obj, bool flag) override;
+
+        const Serialisation_limits* get_serialisation_limits() override { return &limits; }
+        void set_serialisation_limits(const Serialisation_limits& l) { limits = l; }
+        const Serialisation_limits& get_limits() const { return limits; }
+
+    private:
+        Object_pool& pool;
+        mutable int depth = 0;
+        uint8_t version = 255;
+        QSet<uint8_t> supported;
+    };
+
+    struct Upload_request
+    {
+        uint16_t id;
+        bool flag;
+    };
+
+    Object_pool();
+    ~Object_pool();
+    Object_pool(const Object_pool&) = delete;
+    Object_pool& operator=(const Object_pool&) = delete;
+
+    // Takes ownership of obj (also when it fails). Fails, with a reason in `error`, when the id
+    // or the name is already taken; objects named VT_obj::NO_NAME or "" are not indexed by name.
+    bool add(VT_obj* obj, QString* error = nullptr);
+    // Deletes every object.
+    void clear();
+
+    VT_obj* find(uint16_t id) const { return by_id.value(id, nullptr); }
+    VT_obj* find(const QByteArray& name) const { return by_name.value(name, nullptr); }
+    // In the order they were added (the order they are written in).
+    const QVector<VT_obj*>& objects() const { return list; }
+    int size() const { return list.size(); }
+    bool is_empty() const { return list.isEmpty(); }
+    // The lowest id from `from` on that no object uses (65535 when none is left).
+    uint16_t lowest_free_id(uint16_t from = 0) const;
+
+    Helper& helper() { return pool_helper; }
+    const Helper& helper() const { return pool_helper; }
+    void set_serialisation_limits(const Serialisation_limits& l) { pool_helper.set_serialisation_limits(l); }
+    const Serialisation_limits& serialisation_limits() const { return pool_helper.get_limits(); }
+    void set_negotiated_version(uint8_t v) { pool_helper.set_negotiated_version(v); }
+    void set_supported_types(const QSet<uint8_t>& types) { pool_helper.set_supported_types(types); }
+
+    // Upload requests made by objects (for example when an object is switched to its NULL
+    // placeholder); the callback, when set, sees each one as it happens.
+    const QVector<Upload_request>& uploads() const { return upload_log; }
+    void set_upload_callback(std::function<void(VT_obj*, bool)> cb) { on_upload = std::move(cb); }
+
+private:
+    friend class Helper;
+
+    QVector<VT_obj*> list;
+    QHash<uint16_t, VT_obj*> by_id;
+    QHash<QByteArray, VT_obj*> by_name;
+    Helper pool_helper;
+    QVector<Upload_request> upload_log;
+    std::function<void(VT_obj*, bool)> on_upload;
+};
+
+}
+
+#endif

@@ -1,0 +1,22 @@
+#ifndef TOOLS_PICTURES_H
+#define TOOLS_PICTURES_H
+
+#include <QString>
+#include <QStringList>
+
+#include "tools/Object_pool.h"
+
+namespace VT {
+
+// The pictures of a pool as image files.
+class Pictures
+{
+public:
+    // Writes every picture graphic and PNG object of the pool as DIR/<name>.png; returns the
+    // files written, and lists those that could not be written in `problems`.
+    static QStringList write_all(Object_pool& pool, const QString& dir, QStringList& problems);
+};
+
+}
+
+#endif

@@ -1,0 +1,151 @@
+#include "tools/Pool_file.h"
+
+#include <QFile>
+#include <vector>
+
+#include "tools/Object_factory.h"
+
+namespace VT {
+
+QByteArray Pool_file::default_name(unsigned full_type, uint16_t id)
+{
+    QByteArray name = QByteArray(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type))) + "_" +
+                      QByteArray::number(id);
+    if (name.size() > VT_obj::NAME_LEN)
+        name = "obj_" + QByteArray::number(id);
+    return name;
+}
+
+bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error, Read_report* report)
+{
+    // Some attributes mark the bytes they read, so the caller's buffer is never handed out.
+    QByteArray copy(input.constData(), input.size());
+    uint8_t* data = reinterpret_cast<uint8_t*>(copy.data());
+    const int size = copy.size();
+    auto fail = [&](const QString& text) {
+        if (error)
+            *error = text;
+        return false;
+    };
+    if (size == 0)
+        return fail(QStringLiteral("empty pool: no objects"));
+
+    int index = 0;
+    for (int offset = 0; offset < size; ++index) {
+        int remaining = size - offset;
+        if (remaining < 3)
+            return fail(QStringLiteral("object %1 at byte offset %2: truncated object header (%3 bytes left, 3 needed)")
+                            .arg(index)
+                            .arg(offset)
+                            .arg(remaining));
+        uint8_t* at = data + offset;
+        uint16_t id = uint16_t(at[0] | (at[1] << 8));
+        unsigned type = at[2];
+        unsigned full_type = type;
+        if (type == VT_obj_type::TYPE_CONFIG && remaining > 3)
+            full_type = type + 256u * at[3];
+        auto where = [&]() {
+            return QStringLiteral("object %1 (id %2, type %3 %4) at byte offset %5")
+                .arg(index)
+                .arg(id)
+                .arg(type)
+                .arg(QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type))))
+                .arg(offset);
+        };
+        const Object_factory::Entry* entry = Object_factory::find_for_pool(full_type);
+        if (!entry) {
+            if (type == VT_obj_type::TYPE_CONFIG)
+                return fail(where() + QStringLiteral(": unknown configuration object kind %1")
+                                          .arg(remaining > 3 ? int(at[3]) : -1));
+            return fail(where() + QStringLiteral(": unknown object type %1").arg(type));
+        }
+        if (pool.find(id))
+            return fail(where() + QStringLiteral(": id %1 is already used by an earlier object").arg(id));
+        if (id == VT_obj::NULL_ID)
+            return fail(where() + QStringLiteral(": object id 65535 is the NULL id"));
+
+        VT_obj* obj = entry->make(nullptr);
+        obj->set_id(id);
+        obj->set_name(default_name(full_type, id).constData());
+        Iso::Deserialise_results res;
+        int consumed = obj->deserialise(0, at + 3, remaining - 3, &res);
+        if (consumed < 0 || consumed > remaining - 3) {
+            delete obj;
+            return fail(where() + QStringLiteral(": attributes truncated or malformed (%1 bytes left after the header)")
+                                      .arg(remaining - 3));
+        }
+        if (report && (res.flags & Iso::Deserialise_results::value_clamped))
+            report->clamped.append(where());
+        QString why;
+        if (!pool.add(obj, &why))
+            return fail(where() + QStringLiteral(": ") + why);
+        offset += 3 + consumed;
+        if (report)
+            report->objects = index + 1;
+    }
+    return true;
+}
+
+bool Pool_file::read_file(const QString& path, Object_pool& pool, QString* error, Read_report* report)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (error)
+            *error = QStringLiteral("cannot open '%1': %2").arg(path, file.errorString());
+        return false;
+    }
+    return read(file.readAll(), pool, error, report);
+}
+
+QByteArray Pool_file::object_bytes(VT_obj& obj)
+{
+    int n = obj.num_bytes();
+    if (n <= 0)
+        return QByteArray();
+    QByteArray out(n, '\0');
+    int written = obj.serialise(0, reinterpret_cast<uint8_t*>(out.data()), n);
+    out.resize(written > 0 ? written : 0);
+    return out;
+}
+
+QByteArray Pool_file::write(Object_pool& pool)
+{
+    QByteArray out;
+    for (VT_obj* obj : pool.objects())
+        out += object_bytes(*obj);
+    return out;
+}
+
+void Pool_file::write_chunks(Object_pool& pool, int chunk, const std::function<void(const uint8_t*, int)>& sink)
+{
+    if (chunk < 1)
+        chunk = 1;
+    std::vector<uint8_t> buf(size_t(chunk), 0);
+    int used = 0;
+    for (VT_obj* obj : pool.objects()) {
+        const int total = obj->num_bytes();
+        // Resumes the object at each offset, as the next transport buffer would.
+        for (int offset = 0; offset < total;) {
+            int n = obj->serialise(offset, buf.data() + used, std::min(chunk - used, total - offset));
+            if (n <= 0)
+                break;
+            offset += n;
+            used += n;
+            if (used == chunk) {
+                sink(buf.data(), used);
+                used = 0;
+            }
+        }
+    }
+    if (used > 0)
+        sink(buf.data(), used);
+}
+
+QByteArray Pool_file::write_streamed(Object_pool& pool, int chunk)
+{
+    QByteArray out;
+    write_chunks(pool, chunk, [&](const uint8_t* p, int n) { out.append(reinterpret_cast<const char*>(p), n); });
+    return out;
+}
+
+}

@@ -1,0 +1,45 @@
+#ifndef TOOLS_POOL_FILE_H
+#define TOOLS_POOL_FILE_H
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+#include "tools/Object_pool.h"
+
+namespace VT {
+
+// ISO 11783-6 object pool bytes: a run of objects, each its id (2 bytes, little-endian), its
+// type byte and its attributes.
+class Pool_file
+{
+public:
+    struct Read_report
+    {
+        int objects = 0;
+        // Objects one of whose values lay outside its range and was clamped while reading.
+        QStringList clamped;
+    };
+
+    // Reads every object of `bytes` into `pool` (objects are named "<Type>_<id>"). Stops at the
+    // first bad object with a one-line error naming its index, id, type and byte offset.
+    static bool read(const QByteArray& bytes, Object_pool& pool, QString* error, Read_report* report = nullptr);
+    static bool read_file(const QString& path, Object_pool& pool, QString* error, Read_report* report = nullptr);
+
+    // Every object serialised for the pool's limits, in pool order, in one buffer.
+    static QByteArray write(Object_pool& pool);
+    // The same bytes, handed to `sink` in chunks of `chunk` bytes (the last may be shorter), as an
+    // upload over a transport would send them.
+    static void write_chunks(Object_pool& pool, int chunk, const std::function<void(const uint8_t*, int)>& sink);
+    static QByteArray write_streamed(Object_pool& pool, int chunk);
+    // The bytes of one object as write() produces them.
+    static QByteArray object_bytes(VT_obj& obj);
+
+    // The name given to an object read from pool bytes.
+    static QByteArray default_name(unsigned full_type, uint16_t id);
+};
+
+}
+
+#endif
