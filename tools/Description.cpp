@@ -765,9 +765,84 @@ void Description::resolve_colours()
     current_description = nullptr;
 }
 
+bool Description::root_size(const char* key, int& w, int& h)
+{
+    const QByteArray* v = root->attribute(key);
+    if (!v)
+        return false;
+    root->used.insert(key);
+    QList<QByteArray> parts = v->toLower().split('x');
+    bool ok_w = false, ok_h = false;
+    if (parts.size() == 1)
+        parts.append(parts[0]);
+    if (parts.size() == 2) {
+        w = parts[0].trimmed().toInt(&ok_w);
+        h = parts[1].trimmed().toInt(&ok_h);
+    }
+    if (!ok_w || !ok_h || w < 1 || h < 1 || w > 32767 || h > 32767) {
+        problem(root.get(), QStringLiteral("%1 must be a size such as 480 or 60x60, not '%2'").arg(key, QString::fromUtf8(*v)));
+        return false;
+    }
+    return true;
+}
+
+void Description::justify()
+{
+    int mask_w = 0, mask_h = 0, key_w = 0, key_h = 0;
+    bool have_mask = root_size("mask_size", mask_w, mask_h);
+    bool have_key = root_size("key_size", key_w, key_h);
+    for (Xml_element* e : object_elements) {
+        VT_obj* obj = e->object;
+        if (!obj)
+            continue;
+        int at = obj->find_attribute("child_location");
+        auto* list = at < 0 ? nullptr
+                            : dynamic_cast<Attribute_list<Attribute_object_placement>*>(obj->get_every_attribute(uint16_t(at)));
+        if (!list)
+            continue;
+        bool justified = false;
+        for (uint32_t i = 0; i < list->held(); ++i)
+            justified = justified || (*list)[i].get_justification() != 0;
+        if (!justified)
+            continue;
+        // The area the children are laid out in: the object's own size (a button keeps 4 pixels
+        // of border on each side), or the size of the mask or key area it is shown in.
+        int w = obj->get_width(), h = obj->get_height();
+        unsigned type = obj->get_type();
+        if (type == VT_obj_type::TYPE_BUTTON) {
+            w -= 8;
+            h -= 8;
+        } else if (type == VT_obj_type::TYPE_DATA_MASK || type == VT_obj_type::TYPE_ALARM_MASK) {
+            if (!have_mask) {
+                problem(e, QStringLiteral("justified children need mask_size on <object_pool>"));
+                continue;
+            }
+            w = mask_w;
+            h = mask_h;
+        } else if (type == VT_obj_type::TYPE_KEY) {
+            if (!have_key) {
+                problem(e, QStringLiteral("justified children need key_size on <object_pool>"));
+                continue;
+            }
+            w = key_w;
+            h = key_h;
+        } else if (w <= 0 && h <= 0) {
+            problem(e, QStringLiteral("<%1> has no size to justify its children in").arg(QString::fromUtf8(e->name)));
+            continue;
+        }
+        obj->lock();
+        obj->justify(*list, int16_t(std::max(w, 0)), int16_t(std::max(h, 0)));
+        obj->unlock();
+    }
+}
+
 void Description::report_unused(const Xml_element* e)
 {
-    if (e->name != "colour" && e != root.get())
+    if (e == root.get()) {
+        for (const auto& a : e->attributes)
+            if (a.first != "mask_size" && a.first != "key_size")
+                warning(e, QStringLiteral("attribute '%1' of <object_pool> is not used").arg(QString::fromUtf8(a.first)));
+    } else if (e->name != "colour")
         for (const auto& a : e->attributes)
             if (!e->used.contains(a.first)) {
                 const Xml_element* owner = e;
@@ -814,6 +889,7 @@ bool Description::build(Object_pool& target)
     }
     apply_spec();
     resolve_colours();
+    justify();
     report_unused(root.get());
     return problem_list.isEmpty();
 }

@@ -91,6 +91,8 @@ private:
     void prepare_picture(Xml_element* e, bool png);
     void apply_spec();
     void resolve_colours();
+    void justify();
+    bool root_size(const char* key, int& w, int& h);
     void report_unused(const Xml_element* e);
 
     QString file;
