@@ -1,6 +1,7 @@
 #include "tools/Pool_file.h"
 
 #include <QFile>
+#include <cstring>
 #include <vector>
 
 #include "tools/Object_factory.h"
@@ -57,6 +58,8 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
             if (type == VT_obj_type::TYPE_CONFIG)
                 return fail(where() + QStringLiteral(": unknown configuration object kind %1")
                                           .arg(remaining > 3 ? int(at[3]) : -1));
+            if (strcmp(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type)), "UNKNOWN") != 0)
+                return fail(where() + QStringLiteral(": object type %1 is not available in this build").arg(type));
             return fail(where() + QStringLiteral(": unknown object type %1").arg(type));
         }
         if (pool.find(id))
@@ -79,9 +82,11 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         QString why;
         if (!pool.add(obj, &why))
             return fail(where() + QStringLiteral(": ") + why);
-        offset += 3 + consumed;
-        if (report)
+        if (report) {
             report->objects = index + 1;
+            report->offsets.append(offset);
+        }
+        offset += 3 + consumed;
     }
     return true;
 }

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 #include <functional>
 
 #include "tools/Object_pool.h"
@@ -18,6 +19,7 @@ public:
     struct Read_report
     {
         int objects = 0;
+        QVector<int> offsets; // where each object starts in the input
         // Objects one of whose values lay outside its range and was clamped while reading.
         QStringList clamped;
     };

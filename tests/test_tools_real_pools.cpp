@@ -1,0 +1,70 @@
+// Real object pools made by other tools: read, written back, checked.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <sstream>
+
+#include "test_support.h"
+#include "tools/Object_pool.h"
+#include "tools/Pool_file.h"
+#include "tools/Pool_tools.h"
+
+using VT::Object_pool;
+using VT::Pool_file;
+
+namespace {
+
+QStringList real_pools()
+{
+    QDir dir(QStringLiteral(VT_SHARED_POOLS_DIR));
+    QStringList out;
+    for (const QString& f : dir.entryList({"*.iop"}, QDir::Files, QDir::Name))
+        out.append(dir.filePath(f));
+    return out;
+}
+
+}
+
+TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
+{
+    QStringList pools = real_pools();
+    if (pools.isEmpty())
+        GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR;
+    for (const QString& path : pools) {
+        SCOPED_TRACE(path.toStdString());
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        const QByteArray input = f.readAll();
+        Object_pool pool;
+        QString error;
+        Pool_file::Read_report report;
+        bool read = Pool_file::read(input, pool, &error, &report);
+        if (!read && error.contains("is not available in this build"))
+            GTEST_SKIP() << "the library lacks a class this pool needs: " << error.toStdString();
+        ASSERT_TRUE(read) << error.toStdString();
+        ASSERT_EQ(report.objects, pool.size());
+        // Every value of these pools lies inside its attribute's range: nothing is clamped.
+        EXPECT_TRUE(report.clamped.isEmpty()) << report.clamped.join("\n").toStdString();
+
+        // A 256-colour terminal that supports every font is what the default limits describe.
+        for (int i = 0; i < pool.size(); ++i) {
+            int begin = report.offsets[i];
+            int end = i + 1 < pool.size() ? report.offsets[i + 1] : input.size();
+            EXPECT_EQ(Pool_file::object_bytes(*pool.objects()[i]), input.mid(begin, end - begin))
+                << VT::Pool_tools::label(pool.objects()[i]).toStdString();
+        }
+        EXPECT_EQ(Pool_file::write(pool), input);
+        EXPECT_EQ(Pool_file::write_streamed(pool, 1785), input);
+        EXPECT_EQ(Pool_file::write_streamed(pool, 8), input);
+
+        VT::Pool_tools::Check_result check = VT::Pool_tools::check(pool, 0);
+        EXPECT_TRUE(check.problems.isEmpty()) << check.problems.join("\n").toStdString();
+        EXPECT_GE(check.needed_version, 2);
+
+        std::ostringstream dump;
+        for (VT::VT_obj* obj : pool.objects())
+            obj->print_me(dump, 0);
+        EXPECT_GT(dump.str().size(), size_t(pool.size()) * 10);
+    }
+}

@@ -1,0 +1,136 @@
+// The vtpool command line, run as a program, and the source it generates, compiled and run.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "test_support.h"
+#include "tools/Description.h"
+#include "tools/Pool_file.h"
+
+namespace {
+
+struct Outcome
+{
+    int status = -1;
+    QString out;
+    QString err;
+};
+
+Outcome vtpool(const QStringList& args)
+{
+    QProcess p;
+    p.start(QStringLiteral(VT_VTPOOL), args);
+    Outcome r;
+    if (!p.waitForFinished(60000))
+        return r;
+    r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+    r.out = QString::fromUtf8(p.readAllStandardOutput());
+    r.err = QString::fromUtf8(p.readAllStandardError());
+    return r;
+}
+
+QByteArray read_file(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+bool write_file(const QString& path, const QByteArray& content)
+{
+    QFile f(path);
+    return f.open(QIODevice::WriteOnly) && f.write(content) == content.size();
+}
+
+}
+
+TEST(ToolsVtpool, EveryCommandHasHelpAndBadUsageIsStatusTwo)
+{
+    for (const char* command : {"build", "dump", "source", "check", "pictures", "info"}) {
+        Outcome r = vtpool({command, "--help"});
+        EXPECT_EQ(r.status, 0) << command;
+        EXPECT_TRUE(r.out.startsWith(QStringLiteral("usage: vtpool %1").arg(command))) << r.out.toStdString();
+        r = vtpool({command});
+        EXPECT_EQ(r.status, 2) << command;
+        r = vtpool({command, "x.xml", "--no-such-option"});
+        EXPECT_EQ(r.status, 2) << command;
+        EXPECT_TRUE(r.err.contains("unknown option --no-such-option")) << r.err.toStdString();
+    }
+    EXPECT_EQ(vtpool({"--help"}).status, 0);
+    EXPECT_EQ(vtpool({}).status, 2);
+    EXPECT_EQ(vtpool({"frobnicate"}).status, 2);
+    EXPECT_EQ(vtpool({"build", "a.xml", "-o", "b.iop", "--colours", "7"}).status, 2);
+    EXPECT_EQ(vtpool({"build", "a.xml", "-o", "b.iop", "--mask-size", "200"}).status, 2)
+        << "a mask size needs the design size";
+    EXPECT_EQ(vtpool({"build", "a.xml", "-o", "b.iop", "--design-size", "20"}).status, 2);
+}
+
+TEST(ToolsVtpool, BuildsDumpsAndChecksAndReportsProblemsWithStatusOne)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString xml = QStringLiteral(VT_GENERATED_DESCRIPTION);
+    const QString iop = tmp.filePath("pool.iop");
+
+    Outcome r = vtpool({"build", xml, "-o", iop});
+    ASSERT_EQ(r.status, 0) << r.err.toStdString();
+    QByteArray built = read_file(iop);
+    EXPECT_FALSE(built.isEmpty());
+    // The pool written in buffers of any size is the same file.
+    for (const char* chunk : {"1", "5", "64"}) {
+        const QString other = tmp.filePath(QStringLiteral("pool_%1.iop").arg(chunk));
+        ASSERT_EQ(vtpool({"build", xml, "-o", other, "--chunk", chunk}).status, 0);
+        EXPECT_EQ(read_file(other), built) << chunk;
+    }
+    // A pool file is written back as it was read.
+    const QString again = tmp.filePath("again.iop");
+    ASSERT_EQ(vtpool({"build", iop, "-o", again}).status, 0);
+    EXPECT_EQ(read_file(again), built);
+
+    r = vtpool({"dump", iop, "--bytes"});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_TRUE(r.out.contains("Number_variable(5000)")) << r.out.toStdString();
+    EXPECT_TRUE(r.out.contains("bytes {")) << r.out.toStdString();
+    r = vtpool({"check", xml});
+    EXPECT_EQ(r.status, 0) << r.out.toStdString();
+    EXPECT_TRUE(r.out.contains("0 problems"));
+    EXPECT_TRUE(r.out.contains("needs VT version 2"));
+    r = vtpool({"info", iop});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_TRUE(r.out.contains("3 objects")) << r.out.toStdString();
+
+    // Problems: a description with an unknown reference, and a truncated pool file.
+    const QString bad = tmp.filePath("bad.xml");
+    ASSERT_TRUE(write_file(bad, "<object_pool>\n  <Number_variable name=\"a\" value=\"oops\"/>\n</object_pool>\n"));
+    r = vtpool({"build", bad, "-o", tmp.filePath("bad.iop")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("bad.xml:2: 'oops' of 'value' is not a number")) << r.err.toStdString();
+    const QString cut = tmp.filePath("cut.iop");
+    ASSERT_TRUE(write_file(cut, built.left(built.size() - 2)));
+    r = vtpool({"dump", cut});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("object 2 (id 1, type 21 Number_variable) at byte offset 18")) << r.err.toStdString();
+    EXPECT_EQ(vtpool({"check", tmp.filePath("missing.iop")}).status, 1);
+}
+
+TEST(ToolsVtpool, GeneratedSourceCompiledInWritesTheSamePool)
+{
+    // The build compiled vtpool's source for the description into a program that writes the pool.
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString out = tmp.filePath("generated.iop");
+    QProcess p;
+    p.start(QStringLiteral(VT_GENERATED_POOL_WRITER), {out});
+    ASSERT_TRUE(p.waitForFinished(60000));
+    ASSERT_EQ(p.exitCode(), 0);
+    QByteArray generated = read_file(out);
+
+    VT::Description d;
+    VT::Object_pool pool;
+    ASSERT_TRUE(d.load_file(QStringLiteral(VT_GENERATED_DESCRIPTION)));
+    ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
+    EXPECT_FALSE(generated.isEmpty());
+    EXPECT_EQ(generated, VT::Pool_file::write(pool));
+}
