@@ -38,5 +38,13 @@
 
 #include "can/vt/objects/Base/variable/Number_variable_obj.h"
 #include "can/vt/objects/Base/variable/String_variable_obj.h"
+#include "can/vt/objects/Base/input/Input_obj_base.h"
+#include "can/vt/objects/Base/input/Input_boolean_obj.h"
+#include "can/vt/objects/Base/input/Input_string_obj.h"
+#include "can/vt/objects/Base/input/Input_number_obj.h"
+#include "can/vt/objects/Base/input/Input_list_obj.h"
+#include "can/vt/objects/Base/output/Output_string_obj.h"
+#include "can/vt/objects/Base/output/Output_number_obj.h"
+#include "can/vt/objects/Base/output/Output_list_obj.h"
 
 #endif
