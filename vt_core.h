@@ -46,5 +46,8 @@
 #include "can/vt/objects/Base/output/Output_string_obj.h"
 #include "can/vt/objects/Base/output/Output_number_obj.h"
 #include "can/vt/objects/Base/output/Output_list_obj.h"
+#include "can/vt/objects/Base/graph/Meter_obj.h"
+#include "can/vt/objects/Base/graph/Linear_bar_graph_obj.h"
+#include "can/vt/objects/Base/graph/Arched_bar_graph_obj.h"
 
 #endif
