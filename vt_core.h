@@ -38,5 +38,23 @@
 
 #include "can/vt/objects/Base/variable/Number_variable_obj.h"
 #include "can/vt/objects/Base/variable/String_variable_obj.h"
+#include "can/vt/objects/Base/input/Input_obj_base.h"
+#include "can/vt/objects/Base/input/Input_boolean_obj.h"
+#include "can/vt/objects/Base/input/Input_string_obj.h"
+#include "can/vt/objects/Base/input/Input_number_obj.h"
+#include "can/vt/objects/Base/input/Input_list_obj.h"
+#include "can/vt/objects/Base/output/Output_string_obj.h"
+#include "can/vt/objects/Base/output/Output_number_obj.h"
+#include "can/vt/objects/Base/output/Output_list_obj.h"
+#include "can/vt/objects/Base/graph/Meter_obj.h"
+#include "can/vt/objects/Base/graph/Linear_bar_graph_obj.h"
+#include "can/vt/objects/Base/graph/Arched_bar_graph_obj.h"
+#include "can/vt/objects/Base/pointer/Macro_obj.h"
+#include "can/vt/objects/Base/pointer/Object_pointer_base_obj.h"
+#include "can/vt/objects/Base/pointer/Object_pointer_obj.h"
+#include "can/vt/objects/Base/pointer/Object_labelref_list_obj.h"
+#include "can/vt/objects/Base/pointer/External_object_definition_obj.h"
+#include "can/vt/objects/Base/pointer/External_reference_name_obj.h"
+#include "can/vt/objects/Base/pointer/External_object_pointer_obj.h"
 
 #endif

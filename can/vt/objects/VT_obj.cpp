@@ -186,8 +186,10 @@ int VT_obj::__serialise(int offset, uint8_t* buf, int len)
         ++total;
     }
     int attr_offset = std::max(remaining - 1, 0);
-    for (uint16_t i = 0; i < get_num_every_attribute() && len > 0; ++i) {
-        Attribute* a = get_every_attribute(i);
+    // The record is the registered every-table: a class that shows more attributes to the
+    // walks (get_every_attribute) does not change its byte form.
+    for (uint16_t i = 0; i < every_count && len > 0; ++i) {
+        Attribute* a = every_table[i];
         if (!a)
             continue;
         const Serialisation_limits* limits = pool_helper ? pool_helper->get_serialisation_limits() : nullptr;
@@ -212,10 +214,10 @@ int VT_obj::__deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_re
         abort();
     int remaining = len;
     int total = 0;
-    uint16_t count = get_num_every_attribute();
+    uint16_t count = every_count;
     uint16_t i = 0;
     for (; i < count && remaining >= 0; ++i) {
-        Attribute* a = get_every_attribute(i);
+        Attribute* a = every_table[i];
         if (!a)
             continue;
         int r = a->deserialise(0, buf, remaining, res);

@@ -1,0 +1,38 @@
+#ifndef CAN_VT_OBJECTS_BASE_POINTER_OBJECT_LABELREF_LIST_OBJ_H
+#define CAN_VT_OBJECTS_BASE_POINTER_OBJECT_LABELREF_LIST_OBJ_H
+
+#include "can/vt/objects/Object_class.h"
+
+namespace VT {
+namespace Base {
+
+// Object label reference list (type 40): labels (text, font type, graphic) for objects.
+class Object_labelref_list_obj : public VT_obj
+{
+public:
+    // Copies num_labelrefs entries of `labelrefs`.
+    Object_labelref_list_obj(uint16_t id, const char* name, unsigned short num_labelrefs,
+                             Attribute_labelref* labelrefs);
+    explicit Object_labelref_list_obj(Spec_node* spec);
+    type_t get_ctype() const override { return TYPE_OBJECT_LABELREF_LIST; }
+
+    VT_ATTRIBUTE_GETTER(uint16_t, num_labelrefs)
+    VT_INDEXED_GETTER(uint16_t, labelrefs_labelled_object, labelrefs[i].get_labelled_object())
+    VT_INDEXED_GETTER(uint16_t, labelrefs_string_variable, labelrefs[i].get_string_variable())
+    VT_INDEXED_GETTER(uint8_t, labelrefs_font_type, labelrefs[i].get_font_type())
+    VT_INDEXED_GETTER(uint16_t, labelrefs_graphic_representation, labelrefs[i].get_graphic_representation())
+
+private:
+    void init_lists();
+
+    // The count itself is addressable (AID 1).
+    Attribute_list_len<uint16_t> num_labelrefs;
+    Attribute_list<Attribute_labelref> labelrefs;
+    Attribute* aid_table_storage[2 + 1];
+    Attribute* every_table_storage[2 + 1];
+};
+
+}
+}
+
+#endif
