@@ -17,8 +17,24 @@ VT_obj* make(Spec_node* spec)
 
 // Every object class of the library.
 const Object_factory::Entry classes[] = {
+    VT_CLASS(TYPE_INPUT_BOOLEAN, Input_boolean_obj),
+    VT_CLASS(TYPE_INPUT_STRING, Input_string_obj),
+    VT_CLASS(TYPE_INPUT_NUMBER, Input_number_obj),
+    VT_CLASS(TYPE_INPUT_LIST, Input_list_obj),
+    VT_CLASS(TYPE_OUTPUT_STRING, Output_string_obj),
+    VT_CLASS(TYPE_OUTPUT_NUMBER, Output_number_obj),
+    VT_CLASS(TYPE_METER, Meter_obj),
+    VT_CLASS(TYPE_LINEAR_BAR_GRAPH, Linear_bar_graph_obj),
+    VT_CLASS(TYPE_ARCHED_BAR_GRAPH, Arched_bar_graph_obj),
     VT_CLASS(TYPE_NUMBER_VARIABLE, Number_variable_obj),
     VT_CLASS(TYPE_STRING_VARIABLE, String_variable_obj),
+    VT_CLASS(TYPE_OBJECT_POINTER, Object_pointer_obj),
+    VT_CLASS(TYPE_MACRO, Macro_obj),
+    VT_CLASS(TYPE_OUTPUT_LIST, Output_list_obj),
+    VT_CLASS(TYPE_OBJECT_LABELREF_LIST, Object_labelref_list_obj),
+    VT_CLASS(TYPE_EXTERNAL_OBJECT_DEFINITION, External_object_definition_obj),
+    VT_CLASS(TYPE_EXTERNAL_REFERENCE_NAME, External_reference_name_obj),
+    VT_CLASS(TYPE_EXTERNAL_OBJECT_POINTER, External_object_pointer_obj),
 };
 
 #undef VT_CLASS
