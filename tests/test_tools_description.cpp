@@ -237,3 +237,62 @@ TEST(ToolsDescription, AssignsTheLowestFreeIds)
     EXPECT_EQ(b->pool.find(QByteArray("d"))->get_id(), 3);
     EXPECT_EQ(b->pool.objects()[1]->get_name(), std::string("b")) << "pool order is document order";
 }
+
+TEST(ToolsDescription, ResolvesReferencesColoursAndMacrosByName)
+{
+    auto b = build(R"(<object_pool>
+  <Macro name="m" id="5" bytes="A0 05"/>
+  <Output_number name="out" id="0x100" width="100" height="20" background_colour="brand2"
+                 variable_reference="v" scale="0.5" offset="-10" format="true">
+    <Event_macro event_id="16" macro_id="m"/>
+  </Output_number>
+  <Number_variable name="v" id="7" value="9"/>
+  <colour name="brand" value="teal"/>
+  <colour name="brand2" value="brand"/>
+</object_pool>)");
+    ASSERT_TRUE(b->ok) << b->problems().toStdString();
+    EXPECT_EQ(test::hex(test::Bytes(b->bytes.begin(), b->bytes.end())),
+              // macro 5: two bytes
+              "05 00 1C 02 00 A0 05 "
+              // output number 256: width 100, height 20, colour teal (3), no font, options 0,
+              // variable 7, value 0, offset -10, scale 0.5, decimals 0, format 1, justification 0,
+              // one macro (event 16, macro 5)
+              "00 01 0C 64 00 14 00 03 FF FF 00 07 00 00 00 00 00 F6 FF FF FF 00 00 00 3F 00 01 00 01 10 05 "
+              // number variable 7 = 9
+              "07 00 15 09 00 00 00");
+}
+
+TEST(ToolsDescription, ReportsUnknownReferencesAndColoursWithFileAndLine)
+{
+    auto b = std::make_unique<Built>();
+    std::string err;
+    {
+        test::Stream_capture capture(std::cerr);
+        ASSERT_TRUE(b->d.parse(R"(<object_pool>
+  <Output_number name="out" font_attributes="nofont" background_colour="mauve">
+    <Event_macro event_id="16" macro_id="nomacro"/>
+  </Output_number>
+  <Input_list name="list">
+    <ref object="os"/>
+    <ref object="gone"/>
+  </Input_list>
+  <Output_string name="os"/>
+</object_pool>)",
+                               "u.xml"));
+        EXPECT_FALSE(b->d.build(b->pool));
+        err = capture.str();
+    }
+    EXPECT_EQ(b->d.problems(),
+              QStringList({"u.xml:2: unknown object 'nofont' (in Output_number 'out')",
+                           "u.xml:3: 'nomacro' of 'macro_id' is not a number nor an object name",
+                           "u.xml:7: unknown object 'gone' (in Input_list 'list')",
+                           "u.xml:2: unknown colour 'mauve'"}));
+    // The place in the description comes right before the library's own warning.
+    EXPECT_NE(err.find("u.xml:2: <Output_number name='out'>: reference to an unknown object\n"
+                       "!WARNING! Attribute 'font_attributes' refers to non-existant object 'nofont'"),
+              std::string::npos)
+        << err;
+    EXPECT_NE(err.find("u.xml:7: <ref>: reference to an unknown object\n"), std::string::npos) << err;
+    // What could be built is in the pool all the same.
+    EXPECT_EQ(b->pool.size(), 3);
+}
