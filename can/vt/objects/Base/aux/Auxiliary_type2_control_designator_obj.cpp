@@ -8,7 +8,8 @@ Auxiliary_type2_control_designator_obj::Auxiliary_type2_control_designator_obj(u
                                                                                uint16_t auxiliary_object_id_)
     : VT_obj(id, TYPE_AUXILIARY_TYPE2_CONTROL_DESIGNATOR, 3, aid_table_storage, 2, every_table_storage, 0, nullptr,
              name),
-      pointer_type(0, 3, pointer_type_, "pointer_type"), auxiliary_object_id(auxiliary_object_id_, "auxiliary_object_id")
+      pointer_type(0, 3, pointer_type_, "pointer_type"),
+      auxiliary_object_id(auxiliary_object_id_, "auxiliary_object_id")
 {
     init_lists();
 }

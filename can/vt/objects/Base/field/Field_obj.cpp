@@ -12,7 +12,8 @@ Field_obj::Field_obj(uint16_t id, const char* name, short camera_y_, short camer
       swath_spacing(0, 255, swath_spacing_, "swath_spacing"), eye_y(-32767, 32767, eye_y_, "eye_y"),
       eye_z(-32767, 32767, eye_z_, "eye_z"), rotation(-32767, 32767, rotation_, "rotation"),
       centre_line_attributes(centre_line_attributes_, "centre_line_attributes"),
-      completed_colour(completed_colour_, "completed_colour"), incomplete_colour(incomplete_colour_, "incomplete_colour"),
+      completed_colour(completed_colour_, "completed_colour"),
+      incomplete_colour(incomplete_colour_, "incomplete_colour"),
       tractor_x(0, 255, tractor_x_, "tractor_x"), tractor_y(0, 255, tractor_y_, "tractor_y"),
       scale(0, 255, scale_, "scale"), swaths("swaths", swaths_, num_swaths_)
 {

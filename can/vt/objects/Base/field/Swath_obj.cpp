@@ -49,7 +49,7 @@ bool Swath_obj::__set_by_spec(scale_area_t area)
         points_list->set_counters(n);
     bool result = Polygon_obj::__set_by_spec(area);
     if (points_list) {
-        // The spec's own coordinates do not survive: the host places the points.
+        // Coordinates from the description do not survive: the host places the points.
         std::vector<Attribute_point> fresh(n);
         points_list->set_items(fresh.data(), n);
     }

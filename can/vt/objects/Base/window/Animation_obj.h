@@ -18,7 +18,7 @@ public:
     explicit Animation_obj(Spec_node* spec);
     type_t get_ctype() const override { return TYPE_ANIMATION; }
 
-    // A spec may declare more children than it lists ("num_objects"); every counted child
+    // A pool description may declare more children than it lists ("num_objects"); every counted child
     // must name an object, or the pool is unusable and the process ends.
     bool __set_by_spec(scale_area_t area) override;
     void justify_placements();

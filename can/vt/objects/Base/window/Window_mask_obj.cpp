@@ -22,7 +22,8 @@ Window_mask_obj::Window_mask_obj(uint16_t id, const char* name, uint8_t width_co
 
 Window_mask_obj::Window_mask_obj(Spec_node* spec)
     : VT_obj(spec, TYPE_WINDOW_MASK, 4, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
-      width_columns(1, 2, 1, "width_columns"), height_rows(1, 6, 1, "height_rows"), window_type(0, 18, 0, "window_type"),
+      width_columns(1, 2, 1, "width_columns"), height_rows(1, 6, 1, "height_rows"),
+      window_type(0, 18, 0, "window_type"),
       background_colour(0, "background_colour"), options(0, 3, 0, "options"), window_name(NULL_ID, "window_name"),
       window_title(NULL_ID, "window_title"), window_icon(NULL_ID, "window_icon"),
       required_object_refs("required_object_refs"), child_location("child_location"), event_macro("event_macro")
@@ -32,7 +33,8 @@ Window_mask_obj::Window_mask_obj(Spec_node* spec)
 
 void Window_mask_obj::init_lists()
 {
-    set_table(aid_table_storage, {class_type_attribute<TYPE_WINDOW_MASK>(), &background_colour, &options, &window_name});
+    set_table(aid_table_storage,
+              {class_type_attribute<TYPE_WINDOW_MASK>(), &background_colour, &options, &window_name});
     set_table(every_table_storage,
               {&width_columns, &height_rows, &window_type, &background_colour, &options, &window_name, &window_title,
                &window_icon, &num_required_object_refs, &num_objects, &num_macros, &required_object_refs,
