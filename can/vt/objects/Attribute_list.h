@@ -115,11 +115,12 @@ public:
         allocated = 0;
         if (count == 0)
             return 0;
-        if (len <= offset || len < 0) {
+        int item_bytes = default_item_bytes();
+        // Items without a byte form (identifiers) read nothing, so they need no input.
+        if (item_bytes > 0 && (len <= offset || len < 0)) {
             Debug_print::dprint("Deser: No data left for list\n");
             return 0;
         }
-        int item_bytes = default_item_bytes();
         if (int64_t(len) < int64_t(count) * item_bytes - offset) {
             Debug_print::dprint("Deser: Not enough data left for list. (%d items, %d bytes per item, off %d, len %d)\n",
                                 int(count), item_bytes, offset, len);
@@ -240,7 +241,7 @@ private:
     }
     static int default_item_bytes()
     {
-        static const int bytes = std::max(T().num_bytes(), 1);
+        static const int bytes = T().num_bytes();
         return bytes;
     }
     template <class U>

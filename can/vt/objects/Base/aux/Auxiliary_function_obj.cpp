@@ -1,0 +1,31 @@
+#include "can/vt/objects/Base/aux/Auxiliary_function_obj.h"
+
+namespace VT {
+namespace Base {
+
+Auxiliary_function_obj::Auxiliary_function_obj(uint16_t id, const char* name, uint8_t background_colour_,
+                                               uint8_t function_type_, uint8_t num_objects_,
+                                               Attribute_object_placement* objects)
+    : VT_obj(id, TYPE_AUXILIARY_FUNCTION, 1, aid_table_storage, 4, every_table_storage, 0, nullptr, name),
+      background_colour(background_colour_, "background_colour"),
+      function_type(0, 255, function_type_, "function_type"), child_location("child_location", objects, num_objects_)
+{
+    init_lists();
+}
+
+Auxiliary_function_obj::Auxiliary_function_obj(Spec_node* spec)
+    : VT_obj(spec, TYPE_AUXILIARY_FUNCTION, 1, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
+      background_colour(0, "background_colour"), function_type(0, 255, 0, "function_type"),
+      child_location("child_location")
+{
+    init_lists();
+}
+
+void Auxiliary_function_obj::init_lists()
+{
+    set_table(aid_table_storage, {class_type_attribute<TYPE_AUXILIARY_FUNCTION>()});
+    set_table(every_table_storage, {&background_colour, &function_type, &num_objects, &child_location});
+}
+
+}
+}
