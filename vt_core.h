@@ -36,6 +36,15 @@
 #include "can/vt/objects/VT_obj_relationships.h"
 #include "can/vt/objects/VT_obj_type.h"
 
+#include "can/vt/objects/Base/mask/Alarm_mask_obj.h"
+#include "can/vt/objects/Base/mask/Button_obj.h"
+#include "can/vt/objects/Base/mask/Container_obj.h"
+#include "can/vt/objects/Base/mask/Data_mask_obj.h"
+#include "can/vt/objects/Base/mask/Key_group_obj.h"
+#include "can/vt/objects/Base/mask/Key_obj.h"
+#include "can/vt/objects/Base/mask/Screen_mask_obj.h"
+#include "can/vt/objects/Base/mask/Soft_key_mask_obj.h"
+#include "can/vt/objects/Base/mask/Working_set_obj.h"
 #include "can/vt/objects/Base/variable/Number_variable_obj.h"
 #include "can/vt/objects/Base/variable/String_variable_obj.h"
 
