@@ -36,6 +36,11 @@
 #include "can/vt/objects/VT_obj_relationships.h"
 #include "can/vt/objects/VT_obj_type.h"
 
+#include "can/vt/objects/Base/attribute/Extended_input_attributes_obj.h"
+#include "can/vt/objects/Base/attribute/Fill_attributes_obj.h"
+#include "can/vt/objects/Base/attribute/Font_attributes_obj.h"
+#include "can/vt/objects/Base/attribute/Input_attributes_obj.h"
+#include "can/vt/objects/Base/attribute/Line_attributes_obj.h"
 #include "can/vt/objects/Base/mask/Alarm_mask_obj.h"
 #include "can/vt/objects/Base/mask/Button_obj.h"
 #include "can/vt/objects/Base/mask/Container_obj.h"
