@@ -50,6 +50,10 @@
 #include "can/vt/objects/Base/mask/Screen_mask_obj.h"
 #include "can/vt/objects/Base/mask/Soft_key_mask_obj.h"
 #include "can/vt/objects/Base/mask/Working_set_obj.h"
+#include "can/vt/objects/Base/shape/Ellipse_obj.h"
+#include "can/vt/objects/Base/shape/Line_obj.h"
+#include "can/vt/objects/Base/shape/Polygon_obj.h"
+#include "can/vt/objects/Base/shape/Rectangle_obj.h"
 #include "can/vt/objects/Base/variable/Number_variable_obj.h"
 #include "can/vt/objects/Base/variable/String_variable_obj.h"
 
