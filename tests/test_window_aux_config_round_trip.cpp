@@ -237,7 +237,7 @@ const std::vector<Row>& rows()
              // The host places the points: coordinates given here do not survive.
              s.add_child(child("Point", {{"point_x", "7"}, {"point_y", "8"}})).add_child(macro(5, 6));
          },
-         spec_built<Swath_obj>(), "0F 10 10 14 1E 00 28 00 01 01 02 02 03 02 01 00 00 00 00 00 00 00 00 05 06"},
+         spec_built<Swath_obj>(), "0F 10 10 1E 00 28 00 01 01 02 02 03 02 01 00 00 00 00 00 00 00 00 05 06"},
         {"Config_icon",
          [](Targets&) {
              Attribute_object_placement objects[] = {at(0x0101, 2, 3)};

@@ -50,13 +50,17 @@ public:
     Attribute_list& operator=(const Attribute_list&) = delete;
     ~Attribute_list() override = default;
 
-    // Copies n items from src.
+    // Copies n items from src. Items without a name take the list's, as items read from
+    // bytes or a spec do: printing a nameless attribute would fail the stream.
     void set_items(const T* src, unsigned n)
     {
         items.reset(src && n ? new T[n] : nullptr);
         allocated = src ? n : 0;
-        for (unsigned i = 0; i < allocated; ++i)
+        for (unsigned i = 0; i < allocated; ++i) {
             items[i] = src[i];
+            if (!items[i].name)
+                items[i].construct(name);
+        }
         set_counters(allocated);
     }
     void copy_from(const Attribute_list& other) { set_items(other.items.get(), other.held()); }

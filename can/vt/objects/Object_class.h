@@ -53,7 +53,7 @@ void set_table(Attribute* (&table)[N], std::initializer_list<Attribute*> entries
     TYPE _get_##NAME() const                    \
     {                                           \
         __check_locked();                       \
-        return static_cast<TYPE>(EXPR);                      \
+        return static_cast<TYPE>(EXPR);         \
     }
 
 // The same for a field of list entry i.
@@ -68,7 +68,7 @@ void set_table(Attribute* (&table)[N], std::initializer_list<Attribute*> entries
     TYPE _get_##NAME(unsigned int i) const      \
     {                                           \
         __check_locked();                       \
-        return static_cast<TYPE>(EXPR);                      \
+        return static_cast<TYPE>(EXPR);         \
     }
 
 #define VT_ATTRIBUTE_GETTER(TYPE, NAME) VT_GETTER(TYPE, NAME, NAME.get())

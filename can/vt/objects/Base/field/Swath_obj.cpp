@@ -31,12 +31,6 @@ void Swath_obj::init_lists()
     polygon_type_attribute = at < 0 ? nullptr : dynamic_cast<Attribute_uint8*>(get_every_attribute(uint16_t(at)));
 }
 
-int Swath_obj::__num_bytes() const
-{
-    // The base counts the polygon's attributes only.
-    return VT_obj::__num_bytes() + maximum_points.num_bytes();
-}
-
 bool Swath_obj::__set_by_spec(scale_area_t area)
 {
     uint8_t declared = 0;

@@ -7,8 +7,8 @@ namespace VT {
 namespace Base {
 
 // Swath: one worked strip of a field, a polygon whose points the host places as work goes
-// on. It travels as a polygon (type 16); "maximum_points" leads its attribute list, ahead of
-// the polygon's own.
+// on. It travels as a polygon (type 16): its bytes are exactly the polygon's, while
+// "maximum_points" leads the attribute list that prints, emits source and reads descriptions.
 class Swath_obj : public Polygon_obj
 {
 public:
@@ -21,7 +21,6 @@ public:
 
     Attribute* get_every_attribute(uint16_t i) const override { return i < EVERY ? every_table_storage[i] : nullptr; }
     uint16_t get_num_every_attribute() const override { return EVERY; }
-    int __num_bytes() const override;
     // Sizes the point list from "num_points" (all points at 0,0, for the host to move) and
     // makes the polygon open.
     bool __set_by_spec(scale_area_t area) override;

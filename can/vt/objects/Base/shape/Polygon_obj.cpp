@@ -3,23 +3,20 @@
 namespace VT {
 namespace Base {
 
-Polygon_obj::Polygon_obj(uint16_t id, const char* name, uint16_t width_, uint16_t height_, uint16_t line_attributes_,
-                         uint16_t fill_attributes_, uint8_t polygon_type_, uint8_t num_points_, uint8_t num_macros_,
-                         Attribute_point* points_, Attribute_event_macro* macros)
+Polygon_obj::Polygon_obj(unsigned short id, const char* name, unsigned short w, unsigned short h,
+                         unsigned short line_attrs, unsigned short fill_attrs, unsigned char type,
+                         unsigned char n_points, unsigned char n_macros, Attribute_point* pts,
+                         Attribute_event_macro* macros)
     : VT_obj(id, TYPE_POLYGON, 6, aid_table_storage, 9, every_table_storage, 0, &event_macro, name),
-      width(0, 65535, width_, "width"), height(0, 65535, height_, "height"),
-      line_attributes(line_attributes_, "line_attributes"), fill_attributes(fill_attributes_, "fill_attributes"),
-      polygon_type(0, 3, polygon_type_, "polygon_type"), points("points", points_, num_points_),
-      event_macro("event_macro", macros, num_macros_)
+      width(0, 65535, w, "width"), height(0, 65535, h, "height"), line_attributes(line_attrs, "line_attributes"),
+      fill_attributes(fill_attrs, "fill_attributes"), polygon_type(0, 3, type, "polygon_type"),
+      points("points", pts, n_points), event_macro("event_macro", macros, n_macros)
 {
     init_lists();
 }
 
 Polygon_obj::Polygon_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_POLYGON, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID),
-      width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), line_attributes(NULL_ID, "line_attributes"),
-      fill_attributes(NULL_ID, "fill_attributes"), polygon_type(0, 3, 0, "polygon_type"), points("points"),
-      event_macro("event_macro")
+    : VT_obj(spec, TYPE_POLYGON, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }
@@ -30,6 +27,17 @@ void Polygon_obj::init_lists()
                                   &fill_attributes, &polygon_type});
     set_table(every_table_storage, {&width, &height, &line_attributes, &fill_attributes, &polygon_type, &num_points,
                                     &num_macros, &points, &event_macro});
+}
+
+void Polygon_obj::__set_scale(uint16_t x_mul, uint16_t y_mul, uint16_t x_div, uint16_t y_div)
+{
+    // Products fit in 32 bits (16 x 16); the quotient is truncated and kept as 16 bits.
+    for (uint32_t i = 0; i < points.held(); ++i) {
+        Attribute_point& p = points[i];
+        p.set_x(uint16_t(uint32_t(p.get_x()) * x_mul / x_div));
+        p.set_y(uint16_t(uint32_t(p.get_y()) * y_mul / y_div));
+    }
+    VT_obj::__set_scale(x_mul, y_mul, x_div, y_div);
 }
 
 }

@@ -1,0 +1,59 @@
+#ifndef CAN_VT_OBJECTS_BASE_ATTRIBUTE_INPUT_ATTRIBUTES_OBJ_H
+#define CAN_VT_OBJECTS_BASE_ATTRIBUTE_INPUT_ATTRIBUTES_OBJ_H
+
+#include "can/vt/objects/Object_class.h"
+
+namespace VT {
+namespace Base {
+
+// Input attributes (type 26): the characters an input string accepts (validation type 0)
+// or rejects (1). The validation string follows its own length byte directly.
+class Input_attributes_obj : public VT_obj
+{
+public:
+    // Borrows `string` (length bytes); the caller keeps it alive.
+    Input_attributes_obj(unsigned short id, const char* name, unsigned char validation_type, unsigned char length,
+                         char* string, unsigned char num_macros, Attribute_event_macro* event_macro);
+    explicit Input_attributes_obj(Spec_node* spec);
+    type_t get_ctype() const override { return TYPE_INPUT_ATTRIBUTES; }
+
+    VT_ATTRIBUTE_GETTER(unsigned char, validation_type)
+    VT_ATTRIBUTE_GETTER(unsigned char, length)
+    VT_ATTRIBUTE_GETTER(unsigned char, num_macros)
+    VT_EVENT_MACRO_GETTERS(event_macro)
+    // The validation string, or an empty string when there is none.
+    const char* _get_string() const
+    {
+        __check_locked();
+        return string.c_str();
+    }
+    // Character i of the validation string, or NUL past its end.
+    char get_string(unsigned i) const
+    {
+        lock();
+        char c = *_get_string(i);
+        unlock();
+        return c;
+    }
+    const char* _get_string(unsigned i) const
+    {
+        __check_locked();
+        return i < string.get_length() ? &string[i] : "";
+    }
+
+private:
+    void init_lists();
+
+    Attribute_uint8 validation_type{0, 1, 0, "validation_type"};
+    Attribute_list_len<unsigned char> length{"length", &string};
+    Attribute_array_char string{"string"};
+    Attribute_list_len<unsigned char> num_macros{"num_macros", &event_macro};
+    Attribute_list<Attribute_event_macro> event_macro{"event_macro"};
+    Attribute* aid_table_storage[2 + 1];
+    Attribute* every_table_storage[5 + 1];
+};
+
+}
+}
+
+#endif

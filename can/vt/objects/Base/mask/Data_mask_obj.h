@@ -1,0 +1,46 @@
+#ifndef CAN_VT_OBJECTS_BASE_MASK_DATA_MASK_OBJ_H
+#define CAN_VT_OBJECTS_BASE_MASK_DATA_MASK_OBJ_H
+
+#include "can/vt/objects/Base/mask/Screen_mask_obj.h"
+#include "can/vt/objects/Object_class.h"
+
+namespace VT {
+namespace Base {
+
+// Data mask (type 1): the active area's content, with the soft-key mask shown beside it.
+class Data_mask_obj : public VT_obj, public Screen_mask_obj
+{
+public:
+    Data_mask_obj(unsigned short id, const char* name, unsigned char background_colour, unsigned short soft_key_mask,
+                  unsigned char num_objects, unsigned char num_macros, Attribute_object_placement* child_location,
+                  Attribute_event_macro* event_macro);
+    explicit Data_mask_obj(Spec_node* spec);
+    type_t get_ctype() const override { return TYPE_DATA_MASK; }
+
+    // Shows another soft-key mask with this mask (65535: none).
+    void set_soft_key_mask(unsigned short id) override;
+
+    VT_ATTRIBUTE_GETTER(unsigned char, background_colour)
+    VT_ATTRIBUTE_GETTER(unsigned short, soft_key_mask)
+    VT_ATTRIBUTE_GETTER(unsigned char, num_objects)
+    VT_ATTRIBUTE_GETTER(unsigned char, num_macros)
+    VT_CHILD_LOCATION_GETTERS(child_location)
+    VT_EVENT_MACRO_GETTERS(event_macro)
+
+private:
+    void init_lists();
+
+    Attribute_colour background_colour{0, "background_colour"};
+    Attribute_object_id soft_key_mask{65535, "soft_key_mask"};
+    Attribute_list_len<unsigned char> num_objects{"num_objects", &child_location};
+    Attribute_list_len<unsigned char> num_macros{"num_macros", &event_macro};
+    Attribute_list<Attribute_object_placement> child_location{"child_location"};
+    Attribute_list<Attribute_event_macro> event_macro{"event_macro"};
+    Attribute* aid_table_storage[3 + 1];
+    Attribute* every_table_storage[6 + 1];
+};
+
+}
+}
+
+#endif

@@ -1,0 +1,59 @@
+#include "can/vt/objects/Base/mask/Key_obj.h"
+
+#include <cstdlib>
+#include <iostream>
+
+namespace VT {
+namespace Base {
+
+Key_obj::Key_obj(unsigned short id, const char* name, unsigned char bg, unsigned char code, unsigned char n_objects,
+                 unsigned char n_macros, Attribute_object_placement* placements, Attribute_event_macro* macros)
+    : VT_obj(id, TYPE_KEY, 3, aid_table_storage, 6, every_table_storage, 0, &event_macro, name),
+      background_colour(bg, "background_colour"), key_code(1, 255, code, "key_code"),
+      child_location("child_location", placements, n_objects), event_macro("event_macro", macros, n_macros)
+{
+    init_lists();
+}
+
+Key_obj::Key_obj(Spec_node* spec)
+    : VT_obj(spec, TYPE_KEY, 3, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
+{
+    init_lists();
+}
+
+void Key_obj::init_lists()
+{
+    set_table(aid_table_storage, {class_type_attribute<TYPE_KEY>(), &background_colour, &key_code});
+    set_table(every_table_storage,
+              {&background_colour, &key_code, &num_objects, &num_macros, &child_location, &event_macro});
+}
+
+bool Key_obj::__set_by_spec(scale_area_t area)
+{
+    bool r = VT_obj::__set_by_spec(area);
+    // The attribute's range turns a given 0 into 1 (with its warning), so the code the
+    // description gave is checked as well as the one kept.
+    uint8_t given = 1;
+    bool given_zero = spec && spec->get_uint8(&given, key_code.name) && given == 0;
+    if (given_zero || key_code.get() == 0) {
+        std::cerr << "FATAL ERROR!  Key '" << get_name() << "' has a key code of 0" << std::endl;
+        exit(-1);
+    }
+    return r;
+}
+
+void Key_obj::justify_placements(int width, int height)
+{
+    lock();
+    __justify_placements(width, height);
+    unlock();
+}
+
+void Key_obj::__justify_placements(int width, int height)
+{
+    __check_locked();
+    justify(child_location, int16_t(width), int16_t(height));
+}
+
+}
+}
