@@ -71,7 +71,7 @@ TEST(ToolsVtpool, BuildsDumpsAndChecksAndReportsProblemsWithStatusOne)
 {
     QTemporaryDir tmp;
     ASSERT_TRUE(tmp.isValid());
-    const QString xml = QStringLiteral(VT_GENERATED_DESCRIPTION);
+    const QString xml = QStringLiteral(VT_TEST_DATA_DIR "/tools/variables.xml");
     const QString iop = tmp.filePath("pool.iop");
 
     Outcome r = vtpool({"build", xml, "-o", iop});

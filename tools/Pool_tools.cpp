@@ -225,7 +225,18 @@ Pool_tools::Check_result Pool_tools::check(Object_pool& pool, int vt_version)
     }
     if (!needs.isEmpty()) {
         r.needed_version = needs.lastKey();
-        r.needing = needs.last();
+        // One line per object, with everything that makes it need that version.
+        QMap<QString, QStringList> per_object;
+        QStringList order;
+        for (const QString& reason : needs.last()) {
+            int colon = reason.indexOf(QStringLiteral("): "));
+            QString who = reason.left(colon + 1);
+            if (!per_object.contains(who))
+                order.append(who);
+            per_object[who].append(reason.mid(colon + 3));
+        }
+        for (const QString& who : order)
+            r.needing.append(who + ": " + per_object[who].join(", "));
     }
     if (vt_version > 0)
         for (auto it = needs.constBegin(); it != needs.constEnd(); ++it)

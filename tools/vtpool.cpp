@@ -382,8 +382,11 @@ int cmd_check(const QStringList& args)
     std::cout << pool.size() << " objects, " << r.problems.size() << " problems\n";
     if (r.needed_version) {
         std::cout << "needs VT version " << r.needed_version << ", because of:\n";
-        for (const QString& n : r.needing)
-            std::cout << "  " << n.toStdString() << "\n";
+        const int shown = 20;
+        for (int i = 0; i < r.needing.size() && i < shown; ++i)
+            std::cout << "  " << r.needing[i].toStdString() << "\n";
+        if (r.needing.size() > shown)
+            std::cout << "  ... and " << r.needing.size() - shown << " more objects\n";
     }
     std::cout.flush();
     return r.problems.isEmpty() ? OK : PROBLEM;
