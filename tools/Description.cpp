@@ -12,6 +12,7 @@
 
 #include "tools/Object_factory.h"
 #include "tools/Picture_encoder.h"
+#include "tools/Pool_tools.h"
 
 namespace VT {
 
@@ -888,6 +889,8 @@ bool Description::build(Object_pool& target)
             problem(e, why);
     }
     apply_spec();
+    // Children placed by name learn their area from the masks only through their references.
+    Pool_tools::propagate_areas(*pool);
     resolve_colours();
     justify();
     report_unused(root.get());

@@ -1,0 +1,125 @@
+// Scaling a pool for a terminal: each object by the ratio of the area it is drawn in.
+#include <gtest/gtest.h>
+
+#include "test_support.h"
+#include "tools/Description.h"
+#include "tools/Pool_file.h"
+#include "tools/Pool_tools.h"
+
+using namespace VT;
+
+namespace {
+
+const char* const screens = R"(<object_pool>
+  <Data_mask name="dm" soft_key_mask="skm">
+    <place object="box" x_location="100" y_location="50"/>
+    <place object="frame" x_location="3" y_location="5"/>
+  </Data_mask>
+  <Container name="box" width="100" height="40">
+    <place object="label" x_location="10" y_location="20"/>
+  </Container>
+  <Output_string name="label" width="80" height="20" string="a"/>
+  <Rectangle name="frame" line_attributes="thick" width="10" height="10"/>
+  <Line_attributes name="thick" line_width="3"/>
+  <Soft_key_mask name="skm">
+    <ref object="k"/>
+  </Soft_key_mask>
+  <Key name="k" key_code="1">
+    <place object="key_label" x_location="6" y_location="8"/>
+  </Key>
+  <Output_string name="key_label" width="50" height="40" string="b"/>
+</object_pool>)";
+
+// Data-mask area designed for 200 x 200 shown at 400 x 400; soft keys designed for 60 x 60
+// shown at 90 x 120.
+const Pool_tools::Ratio mask{true, 400, 400, 200, 200};
+const Pool_tools::Ratio key{true, 90, 120, 60, 60};
+
+template <class T>
+T* get(Object_pool& pool, const char* name)
+{
+    return dynamic_cast<T*>(pool.find(QByteArray(name)));
+}
+
+void expect_scaled(Object_pool& pool)
+{
+    auto* dm = get<Base::Data_mask_obj>(pool, "dm");
+    ASSERT_NE(dm, nullptr);
+    EXPECT_EQ(dm->get_child_location_x_location(0), 200);
+    EXPECT_EQ(dm->get_child_location_y_location(0), 100);
+    auto* box = get<Base::Container_obj>(pool, "box");
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->get_width(), 200);
+    EXPECT_EQ(box->get_height(), 80);
+    EXPECT_EQ(box->get_child_location_x_location(0), 20);
+    EXPECT_EQ(box->get_child_location_y_location(0), 40);
+    EXPECT_EQ(pool.find(QByteArray("label"))->get_width(), 160);
+    EXPECT_EQ(pool.find(QByteArray("label"))->get_height(), 40);
+    EXPECT_EQ(get<Base::Line_attributes_obj>(pool, "thick")->get_line_width(), 6);
+
+    // What the soft keys show follows the key ratio: 1.5 across, 2 down.
+    auto* k = get<Base::Key_obj>(pool, "k");
+    ASSERT_NE(k, nullptr);
+    EXPECT_EQ(k->get_child_location_x_location(0), 9);
+    EXPECT_EQ(k->get_child_location_y_location(0), 16);
+    EXPECT_EQ(pool.find(QByteArray("key_label"))->get_width(), 75);
+    EXPECT_EQ(pool.find(QByteArray("key_label"))->get_height(), 80);
+}
+
+}
+
+TEST(ToolsScaling, DescriptionObjectsScaleByTheAreaTheyAreUsedIn)
+{
+    Description d;
+    Object_pool pool;
+    ASSERT_TRUE(d.parse(screens, "scale.xml"));
+    ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
+    EXPECT_EQ(pool.find(QByteArray("label"))->get_scale_area(), SCALE_AREA_ACTIVE);
+    EXPECT_EQ(pool.find(QByteArray("key_label"))->get_scale_area(), SCALE_AREA_SOFT_KEY);
+    Pool_tools::scale(pool, mask, key);
+    expect_scaled(pool);
+}
+
+TEST(ToolsScaling, PoolFileObjectsLearnTheirAreasFromTheMasks)
+{
+    Description d;
+    Object_pool built;
+    ASSERT_TRUE(d.parse(screens, "scale.xml"));
+    ASSERT_TRUE(d.build(built));
+    QByteArray unscaled = Pool_file::write(built);
+
+    Object_pool pool;
+    QString error;
+    ASSERT_TRUE(Pool_file::read(unscaled, pool, &error)) << error.toStdString();
+    // Names from pool bytes are "<Type>_<id>": give the test's names back.
+    for (VT_obj* obj : built.objects()) {
+        VT_obj* twin = pool.find(obj->get_id());
+        ASSERT_NE(twin, nullptr);
+        EXPECT_EQ(twin->get_scale_area(), SCALE_AREA_NONE);
+    }
+    Pool_tools::propagate_areas(pool);
+    EXPECT_EQ(pool.find(built.find(QByteArray("label"))->get_id())->get_scale_area(), SCALE_AREA_ACTIVE);
+    EXPECT_EQ(pool.find(built.find(QByteArray("key_label"))->get_id())->get_scale_area(), SCALE_AREA_SOFT_KEY);
+    EXPECT_EQ(pool.find(built.find(QByteArray("skm"))->get_id())->get_scale_area(), SCALE_AREA_NONE)
+        << "a data mask's soft-key mask is not drawn in the data mask";
+
+    Pool_tools::scale(pool, mask, key);
+    Pool_tools::scale(built, mask, key);
+    expect_scaled(built);
+    EXPECT_EQ(Pool_file::write(pool), Pool_file::write(built));
+}
+
+TEST(ToolsScaling, NoRatioLeavesThePoolAlone)
+{
+    Description d;
+    Object_pool pool;
+    ASSERT_TRUE(d.parse(screens, "scale.xml"));
+    ASSERT_TRUE(d.build(pool));
+    QByteArray before = Pool_file::write(pool);
+    Pool_tools::scale(pool, Pool_tools::Ratio(), Pool_tools::Ratio());
+    EXPECT_EQ(Pool_file::write(pool), before);
+    // Only the key ratio: the data mask keeps its layout.
+    Pool_tools::scale(pool, Pool_tools::Ratio(), key);
+    EXPECT_EQ(get<Base::Data_mask_obj>(pool, "dm")->get_child_location_x_location(0), 100);
+    EXPECT_EQ(pool.find(QByteArray("key_label"))->get_width(), 75);
+}
