@@ -36,6 +36,9 @@
 #include "can/vt/objects/VT_obj_relationships.h"
 #include "can/vt/objects/VT_obj_type.h"
 
+#include "can/vt/objects/Base/output_graphic/PNG_obj.h"
+#include "can/vt/objects/Base/output_graphic/Picture_image.h"
+#include "can/vt/objects/Base/output_graphic/QT_image.h"
 #include "can/vt/objects/Base/variable/Number_variable_obj.h"
 #include "can/vt/objects/Base/variable/String_variable_obj.h"
 
