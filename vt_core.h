@@ -37,6 +37,7 @@
 #include "can/vt/objects/VT_obj_type.h"
 
 #include "can/vt/objects/Base/output_graphic/PNG_obj.h"
+#include "can/vt/objects/Base/output_graphic/Picture_graphic_obj.h"
 #include "can/vt/objects/Base/output_graphic/Picture_image.h"
 #include "can/vt/objects/Base/output_graphic/QT_image.h"
 #include "can/vt/objects/Base/variable/Number_variable_obj.h"
