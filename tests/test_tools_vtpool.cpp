@@ -117,20 +117,24 @@ TEST(ToolsVtpool, BuildsDumpsAndChecksAndReportsProblemsWithStatusOne)
 
 TEST(ToolsVtpool, GeneratedSourceCompiledInWritesTheSamePool)
 {
-    // The build compiled vtpool's source for the description into a program that writes the pool.
+    // The build compiled vtpool's source for each example into a program that writes the pool.
     QTemporaryDir tmp;
     ASSERT_TRUE(tmp.isValid());
-    const QString out = tmp.filePath("generated.iop");
-    QProcess p;
-    p.start(QStringLiteral(VT_GENERATED_POOL_WRITER), {out});
-    ASSERT_TRUE(p.waitForFinished(60000));
-    ASSERT_EQ(p.exitCode(), 0);
-    QByteArray generated = read_file(out);
+    for (const char* example : {"small", "realistic"}) {
+        SCOPED_TRACE(example);
+        const QString out = tmp.filePath(QStringLiteral("%1.iop").arg(example));
+        QProcess p;
+        p.start(QStringLiteral(VT_GENERATED_WRITER_DIR "/generated_%1_writer").arg(example), {out});
+        ASSERT_TRUE(p.waitForFinished(60000));
+        ASSERT_EQ(p.exitCode(), 0);
+        QByteArray generated = read_file(out);
 
-    VT::Description d;
-    VT::Object_pool pool;
-    ASSERT_TRUE(d.load_file(QStringLiteral(VT_GENERATED_DESCRIPTION)));
-    ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
-    EXPECT_FALSE(generated.isEmpty());
-    EXPECT_EQ(generated, VT::Pool_file::write(pool));
+        VT::Description d;
+        VT::Object_pool pool;
+        ASSERT_TRUE(d.load_file(QStringLiteral(VT_EXAMPLES_DIR "/%1.xml").arg(example)));
+        ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
+        EXPECT_TRUE(d.warnings().isEmpty()) << d.warnings().join("\n").toStdString();
+        EXPECT_GT(generated.size(), 100);
+        EXPECT_EQ(generated, VT::Pool_file::write(pool));
+    }
 }

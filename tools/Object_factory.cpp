@@ -37,6 +37,7 @@ const Object_factory::Entry classes[] = {
     VT_CLASS(TYPE_METER, Meter_obj),
     VT_CLASS(TYPE_LINEAR_BAR_GRAPH, Linear_bar_graph_obj),
     VT_CLASS(TYPE_ARCHED_BAR_GRAPH, Arched_bar_graph_obj),
+    VT_CLASS(TYPE_PICTURE_GRAPHIC, Picture_graphic_obj),
     VT_CLASS(TYPE_NUMBER_VARIABLE, Number_variable_obj),
     VT_CLASS(TYPE_STRING_VARIABLE, String_variable_obj),
     VT_CLASS(TYPE_FONT_ATTRIBUTES, Font_attributes_obj),
@@ -62,6 +63,7 @@ const Object_factory::Entry classes[] = {
     VT_CLASS(TYPE_EXTERNAL_OBJECT_POINTER, External_object_pointer_obj),
     VT_CLASS(TYPE_ANIMATION, Animation_obj),
     VT_CLASS(TYPE_COLOUR_PALETTE, Colour_palette_obj),
+    VT_CLASS(TYPE_PNG, PNG_obj),
     VT_CLASS(TYPE_WORKING_SET_SPECIAL_CONTROLS, Working_set_special_controls_obj),
     VT_CLASS(TYPE_FIELD, Field_obj),
     VT_DESCRIPTION_ONLY(TYPE_SWATH, Swath_obj), // travels as a polygon

@@ -4,17 +4,6 @@ namespace VT {
 
 namespace {
 
-// The VT colour of one pixel: the nearest entry of the palette's colour cube, or the
-// transparency index for pixels whose alpha is 0x80 or less.
-int vt_pixel(const QImage& image, int x, int y, int transparent_index)
-{
-    QRgb p = image.pixel(x, y);
-    if (image.hasAlphaChannel() && p < 0x81000000u)
-        return transparent_index;
-    auto level = [](int c) { return (c + 25) / 51; };
-    return 16 + 36 * level(qRed(p)) + 6 * level(qGreen(p)) + level(qBlue(p));
-}
-
 bool is_light(const QImage& image, int x, int y)
 {
     QRgb p = image.pixel(x, y);
@@ -36,14 +25,15 @@ QByteArray Picture_encoder::pack_rows(const QImage& image, format_t format, unsi
 {
     const int w = image.width(), h = image.height();
     const int stride = row_bytes(w, format);
+    // The library's reading of true-colour pixels as VT colours (-1: a transparent pixel).
+    QT_image vt_image(image);
     QByteArray out(stride * h, '\0');
     uint8_t* data = reinterpret_cast<uint8_t*>(out.data());
     for (int y = 0; y < h; ++y) {
         uint8_t* row = data + y * stride;
         for (int x = 0; x < w; ++x) {
-            int index = vt_pixel(image, x, y, transparency_index);
-            bool transparent = index == transparency_index && image.hasAlphaChannel() &&
-                               image.pixel(x, y) < 0x81000000u;
+            int index = vt_image.get_vt_pixel(x, y, -1);
+            bool transparent = index < 0;
             switch (format) {
             case MONOCHROME: {
                 int bit = transparent ? (transparency_index & 1) : (is_light(image, x, y) ? 1 : 0);
@@ -58,7 +48,7 @@ QByteArray Picture_encoder::pack_rows(const QImage& image, format_t format, unsi
                 break;
             }
             default:
-                row[x] = uint8_t(index);
+                row[x] = transparent ? transparency_index : uint8_t(index);
                 break;
             }
         }

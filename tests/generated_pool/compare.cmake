@@ -1,3 +1,4 @@
+file(MAKE_DIRECTORY ${OUT})
 # Builds a description with vtpool, writes the same pool from the generated source, and
 # compares the two files.
 execute_process(COMMAND ${VTPOOL} build ${DESCRIPTION} -o ${OUT}/built.iop RESULT_VARIABLE r1 OUTPUT_QUIET)
