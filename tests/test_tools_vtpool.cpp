@@ -115,6 +115,44 @@ TEST(ToolsVtpool, BuildsDumpsAndChecksAndReportsProblemsWithStatusOne)
     EXPECT_EQ(vtpool({"check", tmp.filePath("missing.iop")}).status, 1);
 }
 
+TEST(ToolsVtpool, TerminalOptionsShapeTheBytesAndTheCheck)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString xml = tmp.filePath("terminal.xml");
+    ASSERT_TRUE(write_file(xml, R"(<object_pool>
+  <Data_mask name="dm" id="1" background_colour="#ff0000"/>
+  <Font_attributes name="f" id="2" font_colour="#ff0000" font_size="6" font_style="0x03"/>
+</object_pool>)"));
+    auto build = [&](const QStringList& options) {
+        const QString out = tmp.filePath("terminal.iop");
+        QFile::remove(out);
+        Outcome r = vtpool(QStringList({"build", xml, "-o", out}) + options);
+        EXPECT_EQ(r.status, 0) << r.err.toStdString();
+        return read_file(out);
+    };
+    // Data mask: id, type, colour at byte 3. Font attributes: colour, size, type, style at 3..6.
+    QByteArray full = build({});
+    ASSERT_EQ(full.size(), 8 + 8);
+    EXPECT_EQ(uint8_t(full[3]), 196);
+    EXPECT_EQ(uint8_t(full[8 + 4]), 6);
+    QByteArray reduced = build({"--colours", "16", "--small-fonts", "0x0F", "--large-fonts", "0", "--font-styles", "1"});
+    ASSERT_EQ(reduced.size(), 16);
+    EXPECT_EQ(uint8_t(reduced[3]), 12) << "red on a 16-colour terminal";
+    EXPECT_EQ(uint8_t(reduced[8 + 3]), 12);
+    EXPECT_EQ(uint8_t(reduced[8 + 4]), 4) << "the largest supported size below 6";
+    EXPECT_EQ(uint8_t(reduced[8 + 6]), 1) << "styles the terminal lacks are dropped";
+    QByteArray mono = build({"--colours", "2"});
+    EXPECT_EQ(uint8_t(mono[3]), 2);
+
+    // The realistic example holds a PNG object: version 6.
+    Outcome r = vtpool({"check", QStringLiteral(VT_EXAMPLES_DIR "/realistic.xml"), "--vt-version", "5"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.out.contains("object type PNG needs VT version 6 (checking for 5)")) << r.out.toStdString();
+    EXPECT_TRUE(r.out.contains("needs VT version 6, because of:"));
+    EXPECT_EQ(vtpool({"check", QStringLiteral(VT_EXAMPLES_DIR "/realistic.xml"), "--vt-version", "6"}).status, 0);
+}
+
 TEST(ToolsVtpool, GeneratedSourceCompiledInWritesTheSamePool)
 {
     // The build compiled vtpool's source for each example into a program that writes the pool.
