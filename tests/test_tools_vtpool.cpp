@@ -9,6 +9,9 @@
 #include "test_support.h"
 #include "tools/Description.h"
 #include "tools/Pool_file.h"
+#include "tools/Pool_tools.h"
+
+#include <sstream>
 
 namespace {
 
@@ -175,4 +178,29 @@ TEST(ToolsVtpool, GeneratedSourceCompiledInWritesTheSamePool)
         EXPECT_GT(generated.size(), 100);
         EXPECT_EQ(generated, VT::Pool_file::write(pool));
     }
+}
+
+TEST(ToolsVtpool, SourceNeedsIdentifiersAndNamedReferences)
+{
+    VT::Description d;
+    VT::Object_pool pool;
+    ASSERT_TRUE(d.parse(R"(<object_pool>
+  <Output_number name="delete" variable_reference="v_value"/>
+  <Number_variable name="v"/>
+  <Number_variable name="v_value"/>
+</object_pool>)",
+                        "names.xml"));
+    ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
+    std::ostringstream text;
+    QString error;
+    EXPECT_FALSE(VT::Pool_tools::generate_source(pool, "names.xml", text, &error));
+    EXPECT_EQ(error, "'delete' is not usable as a C++ name; "
+                     "object name 'v_value' collides with the array of 'v' attribute 'value'");
+
+    // References read from pool bytes carry ids only.
+    VT::Object_pool from_bytes;
+    ASSERT_TRUE(VT::Pool_file::read(VT::Pool_file::write(pool), from_bytes, &error));
+    EXPECT_FALSE(VT::Pool_tools::generate_source(from_bytes, "names.iop", text, &error));
+    EXPECT_EQ(error, "1 references name no object ('Output_number_0' (Output_number 0): 'variable_reference' refers "
+                     "to object 2), as in pool bytes; generated source needs a pool description");
 }

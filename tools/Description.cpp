@@ -445,6 +445,16 @@ bool Description::parse(const QByteArray& xml, const QString& file_name)
     return problem_list.isEmpty();
 }
 
+const Xml_element* Description::element_of(Spec_node* node) const
+{
+    if (!node)
+        return nullptr;
+    for (Xml_element* e : object_elements)
+        if (e->object && e->object->get_spec_node() == node)
+            return e;
+    return nullptr;
+}
+
 uint16_t Description::lookup_id(const QByteArray& name) const
 {
     Xml_element* e = by_name.value(name, nullptr);
@@ -752,9 +762,10 @@ unsigned char resolve_declared_colour(Resolve_colour::Attribute_node& node)
     unsigned char colour = 0;
     if (d && d->declared_colour(QByteArray(text), colour))
         return colour;
-    auto* spec = dynamic_cast<Description_node*>(node.get_spec_node());
-    if (d)
-        d->problem(spec ? spec->element() : nullptr, QStringLiteral("unknown colour '%1'").arg(QString::fromUtf8(text)));
+    // Only nodes of this description are looked into; others may belong to anyone.
+    const Xml_element* e = d ? d->element_of(node.get_spec_node()) : nullptr;
+    if (d && e)
+        d->problem(e, QStringLiteral("unknown colour '%1'").arg(QString::fromUtf8(text)));
     return 0;
 }
 }

@@ -76,6 +76,8 @@ public:
     // The colour a name of a <colour> declaration stands for; false when unknown.
     bool declared_colour(const QByteArray& name, unsigned char& out) const;
     void note_unknown_reference(const Xml_element* e, const QByteArray& name);
+    // The element of an object's own spec node, or null for nodes this description did not make.
+    const Xml_element* element_of(Spec_node* node) const;
 
 private:
     struct Colour

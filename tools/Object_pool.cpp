@@ -39,6 +39,7 @@ Object_pool::Object_pool() : pool_helper(*this) {}
 Object_pool::~Object_pool()
 {
     clear();
+    kept.clear();
 }
 
 void Object_pool::clear()

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QVector>
 #include <functional>
+#include <memory>
+#include <vector>
 
 #include "vt_core.h"
 
@@ -92,6 +94,10 @@ public:
     void set_negotiated_version(uint8_t v) { pool_helper.set_negotiated_version(v); }
     void set_supported_types(const QSet<uint8_t>& types) { pool_helper.set_supported_types(types); }
 
+    // Keeps `owner` alive as long as the objects (for example the description whose nodes the
+    // objects were built from).
+    void keep_alive(std::shared_ptr<void> owner) { kept.push_back(std::move(owner)); }
+
     // Upload requests made by objects (for example when an object is switched to its NULL
     // placeholder); the callback, when set, sees each one as it happens.
     const QVector<Upload_request>& uploads() const { return upload_log; }
@@ -106,6 +112,7 @@ private:
     Helper pool_helper;
     QVector<Upload_request> upload_log;
     std::function<void(VT_obj*, bool)> on_upload;
+    std::vector<std::shared_ptr<void>> kept; // released after the objects
 };
 
 }

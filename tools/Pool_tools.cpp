@@ -99,11 +99,13 @@ bool Pool_tools::load(const QString& path, Object_pool& pool, QStringList& probl
     if (is_description)
         *is_description = xml;
     if (xml) {
-        Description d;
-        d.set_verbose(verbose);
-        bool ok = d.parse(content, path) && d.build(pool);
-        problems += d.problems();
-        warnings += d.warnings();
+        // The objects keep the description's nodes: the description lives as long as the pool.
+        auto d = std::make_shared<Description>();
+        pool.keep_alive(d);
+        d->set_verbose(verbose);
+        bool ok = d->parse(content, path) && d->build(pool);
+        problems += d->problems();
+        warnings += d->warnings();
         return ok && problems.isEmpty();
     }
     QString error;
@@ -311,6 +313,30 @@ bool Pool_tools::generate_source(Object_pool& pool, const QString& origin, std::
                     bad.append(QStringLiteral("object name '%1' collides with the array of '%2' attribute '%3'")
                                    .arg(QString::fromUtf8(n + "_" + a->name), QString::fromUtf8(n), a->name));
     }
+    // Generated source refers to objects by name: references read from pool bytes have only ids.
+    int unnamed = 0;
+    QString first_unnamed;
+    for (VT_obj* obj : pool.objects())
+        for (uint16_t i = 0; i < obj->get_num_every_attribute(); ++i) {
+            Attribute* a = obj->get_every_attribute(i);
+            auto note = [&](uint16_t id, const QByteArray& name) {
+                if (id != VT_obj::NULL_ID && name.isEmpty() && unnamed++ == 0)
+                    first_unnamed = QStringLiteral("%1: '%2' refers to object %3").arg(label(obj), a->name).arg(id);
+            };
+            if (auto* single = dynamic_cast<Attribute_object_id*>(a))
+                note(single->get(), single->get_referenced_name());
+            else if (auto* places = dynamic_cast<Attribute_list<Attribute_object_placement>*>(a))
+                for (uint32_t k = 0; k < places->held(); ++k)
+                    note((*places)[k].get_object_id(), (*places)[k].get_referenced_name());
+            else if (auto* list = dynamic_cast<Attribute_list<Attribute_object_id>*>(a))
+                for (uint32_t k = 0; k < list->held(); ++k)
+                    note((*list)[k].get(), (*list)[k].get_referenced_name());
+        }
+    if (unnamed)
+        bad.append(QStringLiteral("%1 references name no object (%2), as in pool bytes; generated source needs "
+                                  "a pool description")
+                       .arg(unnamed)
+                       .arg(first_unnamed));
     if (!bad.isEmpty()) {
         if (error)
             *error = bad.join("; ");
