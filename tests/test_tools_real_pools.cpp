@@ -65,3 +65,43 @@ TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
         EXPECT_GT(dump.str().size(), size_t(pool.size()) * 10);
     }
 }
+
+TEST(ToolsRealPools, DamagedCopiesReadOrFailCleanly)
+{
+    QStringList pools = real_pools();
+    if (pools.isEmpty())
+        GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR;
+    test::Dprint_capture quiet;
+    test::Stream_capture err(std::cerr);
+    uint32_t seed = 12345;
+    auto next = [&seed]() {
+        seed = seed * 1103515245u + 12345u;
+        return seed >> 8;
+    };
+    for (const QString& path : pools) {
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        const QByteArray input = f.readAll();
+        int failed = 0;
+        auto attempt = [&](const QByteArray& damaged) {
+            Object_pool pool;
+            QString error;
+            if (!Pool_file::read(damaged, pool, &error)) {
+                ++failed;
+                EXPECT_TRUE(error.startsWith("object ") || error.startsWith("empty")) << error.toStdString();
+                return;
+            }
+            // What was read can be written again.
+            EXPECT_GT(Pool_file::write(pool).size(), 0);
+        };
+        for (int cut = 0; cut < input.size(); cut += 997)
+            attempt(input.left(cut));
+        for (int i = 0; i < 300; ++i) {
+            QByteArray damaged = input;
+            for (int k = 0; k < 4; ++k)
+                damaged[int(next() % uint32_t(damaged.size()))] = char(next() & 0xFF);
+            attempt(damaged);
+        }
+        EXPECT_GT(failed, 0) << path.toStdString();
+    }
+}
