@@ -706,7 +706,7 @@ void Description::prepare_picture(Xml_element* e, bool png)
         e->supplied.insert("format", QByteArray::number(format));
     }
     supply("num_bytes", QByteArray::number(data.size()));
-    e->supplied.insert("bytes", data);
+    supply("bytes", data);
     e->binary.insert("bytes");
 }
 
