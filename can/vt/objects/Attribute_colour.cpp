@@ -55,10 +55,10 @@ void Attribute_node::set_resolved_colour(unsigned char colour)
 
 bool Attribute_node::set_attribute(Attribute_identifier<unsigned char>& target, VT_obj* obj)
 {
-    char description[257] = "";
+    char description[256] = "";
     if (spec)
         spec->describe(description, 256);
-    description[256] = 0;
+    description[255] = 0;
     if (!obj) {
         Debug_print::dprint("WARNING: Could not find object %s\n", description);
         return false;
