@@ -329,8 +329,7 @@ public:
     {
         memset(obj_name, 0, sizeof obj_name);
         if (name)
-            strncpy(obj_name, name, NAME_LEN);
-        obj_name[NAME_LEN] = 0;
+            store_name(name);
     }
     Iso_object(type_t type, uint8_t aid_count, ATTR_OBJ** aid_table, uint8_t every_count, ATTR_OBJ** every_table,
                const char*, const Iso_object& other)
@@ -343,8 +342,10 @@ public:
     {
         if (!dst || len < 1)
             return;
-        strncpy(dst, obj_name, size_t(len));
-        dst[len - 1] = 0;
+        // At most len - 1 characters, the rest of dst zero-filled.
+        size_t k = std::min(strnlen(obj_name, NAME_LEN), size_t(len) - 1);
+        memcpy(dst, obj_name, k);
+        memset(dst + k, 0, size_t(len) - k);
     }
     void __set_name(const char* name) override;
     const char* get_name() const override { return obj_name; }
@@ -352,6 +353,14 @@ public:
     virtual bool in_a_list() const = 0;
 
 protected:
+    // Keeps at most NAME_LEN characters, zero-filled and terminated.
+    void store_name(const char* name)
+    {
+        size_t k = strnlen(name, NAME_LEN);
+        memcpy(obj_name, name, k);
+        memset(obj_name + k, 0, sizeof obj_name - k);
+    }
+
     char obj_name[NAME_LEN + 1];
 };
 
@@ -366,8 +375,7 @@ void Iso_object<T, A, I>::__set_name(const char* name)
     }
     if (!name)
         return;
-    strncpy(obj_name, name, NAME_LEN);
-    obj_name[NAME_LEN] = 0;
+    store_name(name);
 }
 
 }
