@@ -86,6 +86,8 @@ TEST(Attribute_lists, short_input_is_reported)
     EXPECT_EQ(ids.held(), 0u);
     EXPECT_EQ(ids.num_bytes(), 8);
     EXPECT_EQ(test::attribute_bytes(ids), Bytes(8, 0xFF));
+    for (int piece = 1; piece <= 9; ++piece)
+        EXPECT_EQ(test::attribute_in_pieces(ids, piece), Bytes(8, 0xFF)) << piece;
 
     dprint.text.clear();
     Attribute_list<Failing_item> failing("failing");

@@ -234,6 +234,13 @@ private:
         // Sizeless items write nothing, so only those present are visited.
         uint32_t n = item_bytes() > 0 ? length : held();
         for (uint32_t i = 0; i < n && len >= 1; ++i) {
+            if (i >= held() && offset >= item_bytes()) {
+                // Fillers wholly before the offset are skipped in one step.
+                uint32_t skip = std::min<uint32_t>(uint32_t(offset / item_bytes()), n - i);
+                offset -= int(skip) * item_bytes();
+                i += skip - 1;
+                continue;
+            }
             const T& item = i < held() ? items[i] : filler();
             int written = static_cast<const Attribute&>(item).serialise(limits, offset, buf, len);
             if (written == 0)
