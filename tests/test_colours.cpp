@@ -182,7 +182,16 @@ TEST(Colour_spec_input, parse_now_or_queue)
         EXPECT_EQ(Unresolved::unresolved.get_head(), &later.get_node());
         EXPECT_STREQ(later.get_node().get_name(), "mauve");
         EXPECT_EQ(later.get_node().get_spec_node(), &spec);
-        // Read again, it is still queued once.
+        // Read again, it is still queued once; read as a colour, it leaves the queue.
+        EXPECT_EQ(later._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+        EXPECT_EQ(Unresolved::unresolved.get_count(), 1);
+        EXPECT_EQ(later.set_by_spec(&spec, true), 1);
+        EXPECT_EQ(Unresolved::unresolved.get_count(), 1);
+        test::Fake_spec plain;
+        plain.set("odd", "yellow");
+        EXPECT_EQ(later._set_by_spec(&plain, SCALE_AREA_NONE), 1);
+        EXPECT_EQ(later.get(), 14);
+        EXPECT_EQ(Unresolved::unresolved.get_count(), 0);
         EXPECT_EQ(later._set_by_spec(&spec, SCALE_AREA_NONE), 1);
         EXPECT_EQ(Unresolved::unresolved.get_count(), 1);
 

@@ -233,13 +233,16 @@ int Attribute_colour::set_by_spec(Spec_node* spec, bool defer)
         return false;
     text[31] = 0;
     unsigned char index;
+    // A text read again replaces any earlier one still waiting for resolution.
+    if (node.in_list()) {
+        Resolve_colour::List<Resolve_colour::Attribute_node>::unresolved.remove(&node);
+        node.nuke_name();
+    }
     if (get_colour_val(text, index)) {
         *this = index;
         return true;
     }
     if (defer) {
-        if (node.in_list())
-            Resolve_colour::List<Resolve_colour::Attribute_node>::unresolved.remove(&node);
         node.set_spec_node(spec);
         node.add_to_unresolved_list(text);
         return true;
