@@ -219,7 +219,7 @@ TEST(Element_arrays, byte_form_in_pieces_and_back)
     EXPECT_EQ(empty.num_bytes(), 0);
 }
 
-TEST(Element_arrays, spec_input)
+TEST(Element_arrays, set_by_spec)
 {
     test::Fake_spec spec;
     spec.set("data", std::string("\x01\x02\xFF", 3)).set("s", "hello");

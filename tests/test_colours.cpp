@@ -8,7 +8,7 @@ using Unresolved = Resolve_colour::List<Resolve_colour::Attribute_node>;
 
 namespace {
 
-// An object with one colour, built from a spec node like the host builds its objects.
+// An object with one colour, built from a Spec_node the way the host builds its objects.
 class Painted_obj : public VT_obj
 {
 public:
@@ -146,7 +146,7 @@ TEST(Palette, entries)
     EXPECT_EQ(Colours::set_vt_colour_trans(pixel, 12), 0x0000FFFFu);
 }
 
-TEST(Colour_spec_input, parse_now_or_queue)
+TEST(Colour_set_by_spec, parse_now_or_queue)
 {
     test::Fake_spec spec;
     spec.set("fill", "Lime").set("line", "#00FF00").set("odd", "mauve").set(
@@ -216,7 +216,7 @@ unsigned char by_name(Resolve_colour::Attribute_node& node)
 }
 }
 
-TEST(Colour_spec_input, resolved_after_the_objects_are_built)
+TEST(Colour_set_by_spec, resolved_after_the_objects_are_built)
 {
     auto* first = new test::Fake_spec("Fill_one");
     first->set("fill_colour", "orange");
@@ -267,7 +267,7 @@ unsigned char to_attribute(Resolve_colour::Attribute_node& node)
 }
 }
 
-TEST(Colour_spec_input, colours_that_name_attributes_of_other_objects)
+TEST(Colour_set_by_spec, colours_that_name_attributes_of_other_objects)
 {
     Base::Number_variable_obj speed(0x0405, "speed", 0);
     class Working_set_like : public VT_obj
@@ -313,7 +313,7 @@ TEST(Colour_spec_input, colours_that_name_attributes_of_other_objects)
     EXPECT_EQ(dprint.text, "");
 }
 
-TEST(Colour_spec_input, queueing_a_node_twice_is_a_bug)
+TEST(Colour_set_by_spec, queueing_a_node_twice_is_a_bug)
 {
     Attribute_colour c(0, "c");
     c.get_node().add_to_unresolved_list("first");

@@ -139,7 +139,7 @@ TEST(Attribute_lists, count_attribute_enabled_and_disabled)
     EXPECT_EQ(list.get_length(), 2u);
 }
 
-TEST(Attribute_lists, spec_input_uses_the_item_filter)
+TEST(Attribute_lists, set_by_spec_uses_the_item_filter)
 {
     test::Fake_spec spec;
     spec.shared().ids = {{"a", 10}, {"b", 11}};

@@ -98,11 +98,11 @@ TEST(Variables, deserialise_into_a_fresh_object)
     char mine[] = {'x', 'y', 'z', 'w', 'v'};
     String_variable_obj s(7, "s", 5, mine);
     Bytes sbytes = test::serialise_whole(s);
-    String_variable_obj from_spec(new test::Fake_spec());
-    from_spec.set_id(7);
-    EXPECT_EQ(from_spec.deserialise(0, sbytes.data() + 3, int(sbytes.size()) - 3, &res), 7);
-    EXPECT_EQ(test::serialise_whole(from_spec), sbytes);
-    EXPECT_EQ(from_spec.get_string(4), 'v');
+    String_variable_obj from_node(new test::Fake_spec());
+    from_node.set_id(7);
+    EXPECT_EQ(from_node.deserialise(0, sbytes.data() + 3, int(sbytes.size()) - 3, &res), 7);
+    EXPECT_EQ(test::serialise_whole(from_node), sbytes);
+    EXPECT_EQ(from_node.get_string(4), 'v');
 
     // Reading into an object that borrowed its text leaves the caller's buffer alone.
     char borrowed[] = {'a', 'b'};
@@ -147,7 +147,7 @@ TEST(Variables, deserialise_failures_are_reported)
     EXPECT_EQ(untabled.num_bytes(), 3);
 }
 
-TEST(Variables, spec_input_needs_every_value)
+TEST(Variables, set_by_spec_needs_every_value)
 {
     auto* spec = new test::Fake_spec();
     spec->set("value", "300");

@@ -150,7 +150,7 @@ TEST(Placements, justification_texts)
         EXPECT_EQ(Attribute_object_placement::parse_justification(c.text), c.bits) << c.text;
 }
 
-TEST(Placements, spec_input)
+TEST(Placements, set_by_spec)
 {
     World w;
     test::Fake_spec item = w.node("Child");
@@ -254,19 +254,19 @@ TEST(Placements, byte_form_printing_and_source)
     World w;
     test::Fake_spec item = w.node("Child");
     item.set("x_location", "-2").set("y_location", "300").set("object", "speed");
-    Attribute_object_placement from_spec("child_location");
-    from_spec._set_by_spec(&item, SCALE_AREA_NONE);
+    Attribute_object_placement from_node("child_location");
+    from_node._set_by_spec(&item, SCALE_AREA_NONE);
     std::ostringstream code;
-    from_spec.get_code_def_for_list("p", code, 1);
+    from_node.get_code_def_for_list("p", code, 1);
     code << "|";
-    from_spec.get_code_valref_for_list("p", code);
+    from_node.get_code_valref_for_list("p", code);
     code << "|";
-    from_spec.set_justification(9);
-    from_spec.get_code_valref_for_list("p", code);
+    from_node.set_justification(9);
+    from_node.get_code_valref_for_list("p", code);
     EXPECT_EQ(code.str(), "    Attribute_object_placement|Oids::speed/**/,-2,300|Oids::speed/**/,-2,300,9");
 }
 
-TEST(Points, byte_form_spec_and_source)
+TEST(Points, byte_form_set_by_spec_and_source)
 {
     Attribute_point pt(0x0102, 0xA0B0);
     EXPECT_STREQ(pt.name, "point");
@@ -296,7 +296,7 @@ TEST(Points, byte_form_spec_and_source)
                         "Attribute_point(3,20)");
 }
 
-TEST(Event_macros, byte_form_spec_and_printing)
+TEST(Event_macros, byte_form_set_by_spec_and_printing)
 {
     Attribute_event_macro m(1, 200);
     EXPECT_EQ(test::attribute_bytes(m), (Bytes{1, 200}));
@@ -420,7 +420,7 @@ TEST(Identifiers_and_editables, have_no_byte_form)
     EXPECT_EQ(list.serialise(0, out, 4), 0);
 }
 
-TEST(Identifiers_and_editables, editable_spec_input)
+TEST(Identifiers_and_editables, editable_set_by_spec)
 {
     World w;
     test::Stream_capture err(std::cerr);

@@ -165,7 +165,7 @@ TEST(Scalar_attributes, float_deserialise_leaves_its_mark_in_the_input)
     EXPECT_EQ(f.get(), expected);
 }
 
-TEST(Scalar_attributes, spec_input_reads_own_name_and_clamps)
+TEST(Scalar_attributes, set_by_spec_reads_own_name_and_clamps)
 {
     test::Fake_spec spec;
     spec.set("level", "250").set("offset", "-5").set("mask", "0x1F").set("zoom", "2.5").set("huge", "0x100000003");
