@@ -1,7 +1,7 @@
 #ifndef CAN_ISO_OBJECTS_ISO_OBJECT_BASE_H
 #define CAN_ISO_OBJECTS_ISO_OBJECT_BASE_H
 
-#include <cassert>
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -10,6 +10,7 @@
 
 #include "can/iso/objects/Iso_attribute.h"
 #include "platform/Debug_dumper.h"
+#include "util/Bugger.h"
 
 namespace Iso {
 
@@ -253,11 +254,13 @@ int Iso_object_base<T, A, I>::get_attriutes_num_bytes() const
 {
     if (!aid_table || get_num_every_attribute() == 0)
         return 0;
-    int total = 0;
-    for (uint16_t i = 0; i < every_count; ++i)
-        if (every_table[i])
-            total += every_table[i]->num_bytes();
-    return total;
+    // Through the virtual table access, as serialise walks it (classes with optional
+    // attributes shorten it); the sum saturates rather than overflow on absurd counts.
+    int64_t total = 0;
+    for (uint16_t i = 0; i < get_num_every_attribute(); ++i)
+        if (A* a = get_every_attribute(i))
+            total += a->num_bytes();
+    return int(std::min<int64_t>(total, INT32_MAX - 3));
 }
 
 template <class T, class A, class I>
@@ -285,9 +288,7 @@ int Iso_object_base<T, A, I>::find_attribute(const char* attr_name) const
 template <class T, class A, class I>
 int Iso_object_base<T, A, I>::get_attribute_whole_id(int aid) const
 {
-    assert(aid != 0 && "AID 0 reserved for special 'type' ReadOnly attrib");
-    if (aid == 0) // kept a hard stop when assertions are compiled out
-        abort();
+    VT_ASSERT(aid != 0 && "AID 0 reserved for special 'type' ReadOnly attrib");
     // An aid equal to the count reads the table's trailing null slot.
     if (aid < 1 || aid > aid_count)
         return -1;
@@ -328,8 +329,7 @@ public:
     {
         memset(obj_name, 0, sizeof obj_name);
         if (name)
-            strncpy(obj_name, name, NAME_LEN);
-        obj_name[NAME_LEN] = 0;
+            store_name(name);
     }
     Iso_object(type_t type, uint8_t aid_count, ATTR_OBJ** aid_table, uint8_t every_count, ATTR_OBJ** every_table,
                const char*, const Iso_object& other)
@@ -342,8 +342,10 @@ public:
     {
         if (!dst || len < 1)
             return;
-        strncpy(dst, obj_name, size_t(len));
-        dst[len - 1] = 0;
+        // At most len - 1 characters, the rest of dst zero-filled.
+        size_t k = std::min(strnlen(obj_name, NAME_LEN), size_t(len) - 1);
+        memcpy(dst, obj_name, k);
+        memset(dst + k, 0, size_t(len) - k);
     }
     void __set_name(const char* name) override;
     const char* get_name() const override { return obj_name; }
@@ -351,6 +353,14 @@ public:
     virtual bool in_a_list() const = 0;
 
 protected:
+    // Keeps at most NAME_LEN characters, zero-filled and terminated.
+    void store_name(const char* name)
+    {
+        size_t k = strnlen(name, NAME_LEN);
+        memcpy(obj_name, name, k);
+        memset(obj_name + k, 0, sizeof obj_name - k);
+    }
+
     char obj_name[NAME_LEN + 1];
 };
 
@@ -365,8 +375,7 @@ void Iso_object<T, A, I>::__set_name(const char* name)
     }
     if (!name)
         return;
-    strncpy(obj_name, name, NAME_LEN);
-    obj_name[NAME_LEN] = 0;
+    store_name(name);
 }
 
 }

@@ -46,7 +46,10 @@ bool Attribute_array_char::set_string(const char* s)
         buf[i] = s[i];
     for (; i < length; ++i)
         buf[i] = ' ';
-    buf[length] = 0;
+    // An allocated buffer has room for the terminating zero; a borrowed one holds exactly
+    // `length` characters, so nothing is written past them.
+    if (owns_buffer)
+        buf[length] = 0;
     return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <ostream>
@@ -15,6 +16,9 @@ namespace VT {
 class _Attribute_list : public Attribute
 {
 public:
+    // Byte sizes are reported no larger than this, whatever count the input claimed.
+    static constexpr int64_t MAX_BYTES = 0x3FFFFFFF;
+
     explicit _Attribute_list(const char* name) : Attribute(name) {}
     uint32_t get_length() const { return length; }
     void set_counters(uint32_t n) { length = capacity = item_count = n; }
@@ -68,6 +72,7 @@ public:
     const T& operator[](unsigned int i) const { return i < held && i < length ? buf[i] : spare_element(); }
     T* get_buf() const { return buf; }
 
+    bool owns() const { return owns_buffer; }
     // Replaces the buffer pointer (no copy, ownership unchanged).
     void set_buf(T* b, int len)
     {
@@ -121,7 +126,7 @@ public:
         return true;
     }
 
-    int num_bytes() const override { return int(length * uint32_t(WIDTH)); }
+    int num_bytes() const override { return int(std::min<int64_t>(int64_t(length) * WIDTH, MAX_BYTES)); }
 
     using Attribute::serialise;
     int serialise(int offset, uint8_t* out, int len) const override

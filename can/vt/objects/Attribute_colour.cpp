@@ -55,10 +55,10 @@ void Attribute_node::set_resolved_colour(unsigned char colour)
 
 bool Attribute_node::set_attribute(Attribute_identifier<unsigned char>& target, VT_obj* obj)
 {
-    char description[257] = "";
+    char description[256] = "";
     if (spec)
         spec->describe(description, 256);
-    description[256] = 0;
+    description[255] = 0;
     if (!obj) {
         Debug_print::dprint("WARNING: Could not find object %s\n", description);
         return false;
@@ -233,13 +233,16 @@ int Attribute_colour::set_by_spec(Spec_node* spec, bool defer)
         return false;
     text[31] = 0;
     unsigned char index;
+    // A text read again replaces any earlier one still waiting for resolution.
+    if (node.in_list()) {
+        Resolve_colour::List<Resolve_colour::Attribute_node>::unresolved.remove(&node);
+        node.nuke_name();
+    }
     if (get_colour_val(text, index)) {
         *this = index;
         return true;
     }
     if (defer) {
-        if (node.in_list())
-            Resolve_colour::List<Resolve_colour::Attribute_node>::unresolved.remove(&node);
         node.set_spec_node(spec);
         node.add_to_unresolved_list(text);
         return true;

@@ -79,7 +79,7 @@ class Attribute_colour : public Attribute_uint8
 {
 public:
     static const char list_named_colours[16][8];
-    static const int num_named_colours = 16;
+    static constexpr int num_named_colours = 16;
 
     explicit Attribute_colour(const char* name) : Attribute_colour(0, name) {}
     Attribute_colour(unsigned char value, const char* name) : Attribute_uint8(0, 255, value, name), node(this) {}

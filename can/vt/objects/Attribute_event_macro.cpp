@@ -131,11 +131,11 @@ int Attribute_editable_object::_set_by_spec(Spec_node* spec, scale_area_t area)
 {
     if (!spec)
         return false;
-    char text[257];
+    char text[256];
     int r = spec->get_text(text, sizeof text, "object");
     if (!r)
         return true;
-    text[256] = 0;
+    text[255] = 0;
     oid = spec->lookup_object_id(text);
     if (oid == 65535) {
         spec->report_unresolved();

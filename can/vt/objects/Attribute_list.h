@@ -50,8 +50,7 @@ public:
     Attribute_list& operator=(const Attribute_list&) = delete;
     ~Attribute_list() override = default;
 
-    // Copies n items from src. Items without a name take the list's, as items read from
-    // bytes or a spec do: printing a nameless attribute would fail the stream.
+    // Copies n items from src. Items that came without a name take the list's.
     void set_items(const T* src, unsigned n)
     {
         items.reset(src && n ? new T[n] : nullptr);
@@ -96,13 +95,14 @@ public:
 
     int num_bytes() const override
     {
-        int total = 0;
+        int64_t total = 0;
         for (uint32_t i = 0; i < held(); ++i)
             total += items[i].num_bytes();
-        // Items counted but not yet read stand in at their default size.
+        // Items counted but not present (a count read or set ahead of its items) travel as
+        // NULL items of the default size.
         if (length > allocated)
-            total += int(length - allocated) * default_item_bytes();
-        return total;
+            total += int64_t(length - allocated) * item_bytes();
+        return int(std::min<int64_t>(total, MAX_BYTES));
     }
 
     using Attribute::serialise;
@@ -125,9 +125,12 @@ public:
             Debug_print::dprint("Deser: No data left for list\n");
             return 0;
         }
-        if (int64_t(len) < int64_t(count) * item_bytes - offset) {
+        // The first item's size stands for all of them. Items without a byte form cannot be
+        // measured against the input, so their number is bounded instead.
+        int size = item_bytes();
+        if (int64_t(len) < int64_t(count) * size - offset || (size == 0 && count > MAX_SIZELESS_ITEMS)) {
             Debug_print::dprint("Deser: Not enough data left for list. (%d items, %d bytes per item, off %d, len %d)\n",
-                                int(count), item_bytes, offset, len);
+                                int(count), size, offset, len);
             return 0;
         }
         items.reset(new T[count]);
@@ -180,20 +183,19 @@ public:
         return true;
     }
 
+    // The count line; a list of object references also shows each referenced id.
     void print_me(std::ostream& os, int indent) const override
     {
         print_indent(os, indent);
         print_basic(os, indent);
         os << " With " << length << " items" << std::endl;
+        if (!detail::Reference_detail<T>::is_reference)
+            return;
         for (uint32_t i = 0; i < held(); ++i) {
-            if (detail::Reference_detail<T>::is_reference) {
-                print_indent(os, indent + 1);
-                items[i].print_basic(os, indent + 1);
-                detail::Reference_detail<T>::print(items[i], os);
-                os << std::endl;
-            } else {
-                items[i].print_me(os, indent + 1);
-            }
+            print_indent(os, indent + 1);
+            items[i].print_basic(os, indent + 1);
+            detail::Reference_detail<T>::print(items[i], os);
+            os << std::endl;
         }
     }
     atype get_type() const override { return ATTR_LIST; }
@@ -228,13 +230,23 @@ public:
 private:
     int serialise_items(const Serialisation_limits* limits, int offset, uint8_t* buf, int len) const
     {
-        if (held() == 0 || len <= 0)
+        if (length == 0 || len <= 0)
             return 0;
         int total = 0;
-        for (uint32_t i = 0; i < held() && len >= 1; ++i) {
-            int written = static_cast<const Attribute&>(items[i]).serialise(limits, offset, buf, len);
+        // Sizeless items write nothing, so only those present are visited.
+        uint32_t n = item_bytes() > 0 ? length : held();
+        for (uint32_t i = 0; i < n && len >= 1; ++i) {
+            if (i >= held() && offset >= item_bytes()) {
+                // Fillers wholly before the offset are skipped in one step.
+                uint32_t skip = std::min<uint32_t>(uint32_t(offset / item_bytes()), n - i);
+                offset -= int(skip) * item_bytes();
+                i += skip - 1;
+                continue;
+            }
+            const T& item = i < held() ? items[i] : filler();
+            int written = static_cast<const Attribute&>(item).serialise(limits, offset, buf, len);
             if (written == 0)
-                offset = std::max(offset - items[i].num_bytes(), 0);
+                offset = std::max(offset - item.num_bytes(), 0);
             else
                 offset = 0;
             buf += written;
@@ -243,17 +255,35 @@ private:
         }
         return total;
     }
-    static int default_item_bytes()
+    // Size of a default item: stands for every item when checking input, and for items
+    // counted but not present.
+    static int item_bytes()
     {
         static const int bytes = T().num_bytes();
         return bytes;
     }
+    // What an item counted but not present serialises as.
+    static const T& filler()
+    {
+        static const T item = [] {
+            T t;
+            null_item(t);
+            return t;
+        }();
+        return item;
+    }
+    static constexpr uint32_t MAX_SIZELESS_ITEMS = 65535;
+    // Items that can refer to nothing (object references, placements) are made NULL.
+    static void null_item(T& item) { null_item_if_possible(item, 0); }
     template <class U>
-    static auto null_item(U& item) -> decltype(item.set_null(), void())
+    static auto null_item_if_possible(U& item, int) -> decltype(item.set_null(), void())
     {
         item.set_null();
     }
-    static void null_item(...) {}
+    template <class U>
+    static void null_item_if_possible(U&, long)
+    {
+    }
 
     std::unique_ptr<T[]> items;
     uint32_t allocated = 0;

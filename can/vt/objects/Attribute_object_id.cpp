@@ -39,7 +39,7 @@ int Attribute_object_id::_set_by_spec(Spec_node* spec, scale_area_t area)
     const char* key = name;
     if (name && (strcmp(name, "child_objects") == 0 || strcmp(name, "layers") == 0)) {
         key = "object";
-        char probe[257];
+        char probe[256];
         if (!spec->get_text(probe, sizeof probe, "object")) {
             if (VT_obj* obj = adopt_inline_object(spec, area)) {
                 value = obj->__get_id();
@@ -50,10 +50,10 @@ int Attribute_object_id::_set_by_spec(Spec_node* spec, scale_area_t area)
             key = name;
         }
     }
-    char text[257];
+    char text[256];
     int r = spec->get_text(text, sizeof text, key);
     if (r) {
-        text[256] = 0;
+        text[255] = 0;
         referenced_name = text;
         value = spec->lookup_object_id(text);
         if (strcmp(text, "65535") == 0) {
@@ -69,7 +69,7 @@ int Attribute_object_id::_set_by_spec(Spec_node* spec, scale_area_t area)
                   << "'" << std::endl;
         return false;
     }
-    char child_name[257];
+    char child_name[256];
     snprintf(child_name, sizeof child_name, "attr_%s", name ? name : "");
     Spec_node* outer = spec->get_child(0, child_name);
     if (!outer)

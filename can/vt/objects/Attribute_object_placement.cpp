@@ -70,13 +70,13 @@ int Attribute_object_placement::_set_by_spec(Spec_node* spec, scale_area_t area)
     object_id = 65535;
     int rx = x_location._set_by_spec(spec, area);
     int ry = y_location._set_by_spec(spec, area);
-    char text[257];
+    char text[256];
     if (spec->get_text(text, sizeof text, "justification")) {
-        text[256] = 0;
+        text[255] = 0;
         justification = parse_justification(text);
     }
     if (spec->get_text(text, sizeof text, "object")) {
-        text[256] = 0;
+        text[255] = 0;
         object_id = spec->lookup_object_id(text);
         referenced_name = text;
         return rx && ry;

@@ -1,13 +1,13 @@
 #include "can/vt/objects/VT_obj.h"
 
 #include <algorithm>
-#include <cassert>
 #include <iostream>
 
 #include "can/vt/objects/Attribute_event_macro.h"
 #include "can/vt/objects/Attribute_list.h"
 #include "can/vt/objects/Attribute_object_placement.h"
 #include "platform/Debug_print.h"
+#include "util/Bugger.h"
 
 template class Iso::Iso_object_base<VT::VT_obj_type, VT::Attribute, VT::Attribute_uint16>;
 template class Iso::Iso_object<VT::VT_obj_type, VT::Attribute, VT::Attribute_uint16>;
@@ -85,20 +85,18 @@ uint16_t VT_obj::_get_height() const
 
 void VT_obj::__set_numeric_value(uint32_t)
 {
-    assert(false);
-    abort();
+    VT_ASSERT(false);
 }
 
 void VT_obj::__set_child_location(uint16_t, int16_t, int16_t)
 {
-    assert(false);
-    abort();
+    VT_ASSERT(false);
 }
 
 bool VT_obj::__child_location_pending() const
 {
-    assert(false);
-    abort();
+    VT_ASSERT(false);
+    return false;
 }
 
 bool VT_obj::__set_by_spec(scale_area_t area)
@@ -205,13 +203,30 @@ int VT_obj::__serialise(int offset, uint8_t* buf, int len)
     return total;
 }
 
+namespace {
+// Attributes whose deserialise checks the input it is given and reads nothing when it is short.
+bool measures_input(Attribute::atype t)
+{
+    switch (t) {
+    case Attribute::ATTR_FLOAT:
+    case Attribute::ATTR_LIST:
+    case Attribute::ATTR_ARRAY_UINT8:
+    case Attribute::ATTR_ARRAY_CHAR:
+    case Attribute::ATTR_ARRAY_OBJECT_ID:
+    case Attribute::ATTR_ARRAY_ARGB:
+    case Attribute::ATTR_EVENT_MACRO:
+        return true;
+    default:
+        return false;
+    }
+}
+}
+
 int VT_obj::__deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res)
 {
     if (!aid_table)
         return -1;
-    assert(offset == 0 && "offsets not fully implemented for deserialise");
-    if (offset != 0)
-        abort();
+    VT_ASSERT(offset == 0 && "offsets not fully implemented for deserialise");
     int remaining = len;
     int total = 0;
     uint16_t count = every_count;
@@ -229,8 +244,10 @@ int VT_obj::__deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_re
         }
         int need = a->num_bytes();
         if (r < need || r > remaining) {
-            if (remaining < need || r > remaining) {
-                // The input ends inside this attribute.
+            // Fixed-size attributes read their bytes without looking at the length, so the
+            // input simply runs out under them; attributes that measure their input first
+            // (lists, arrays, event macros, floats) report reading too little.
+            if (r > remaining || (remaining < need && !measures_input(a->get_type()))) {
                 Debug_print::dprint("Deser: not enough data for all attributes!\n");
                 return -1;
             }
@@ -328,7 +345,9 @@ int VT_obj::scale_attribute(int value, int num, int den)
 {
     if (value == 0)
         return 0;
-    int scaled = (int32_t(num) * int32_t(value) / den) & 0xFFFF;
+    // The product wraps like the 32-bit arithmetic it stands for instead of overflowing.
+    int64_t product = int64_t(int32_t(uint32_t(num) * uint32_t(value)));
+    int scaled = int((product / den) & 0xFFFF);
     return scaled == 0 ? value : scaled;
 }
 
