@@ -1,0 +1,40 @@
+// Whole pool files: read into objects, then written back whole and in transport-sized chunks.
+#include <cstddef>
+#include <cstdint>
+
+#include "fuzz/fuzz_support.h"
+#include "tools/Pool_file.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    fuzz::quiet();
+    if (size > (1u << 20))
+        return 0;
+    VT::Object_pool pool;
+    QString error;
+    VT::Pool_file::Read_report report;
+    const bool ok = VT::Pool_file::read(QByteArray(reinterpret_cast<const char*>(data), int(size)), pool, &error, &report);
+    FUZZ_CHECK(ok == error.isEmpty());
+    if (!ok)
+        return 0;
+    FUZZ_CHECK(report.objects == pool.size());
+
+    // The same bytes whether written in one buffer or in chunks, for the full terminal and for
+    // a 16-colour one with fewer fonts.
+    QByteArray once = VT::Pool_file::write(pool);
+    FUZZ_CHECK(VT::Pool_file::write_streamed(pool, 7) == once);
+    VT::Serialisation_limits small;
+    small.colour_format = VT::FOUR_BIT_COLOUR;
+    small.small_font_mask = 0x15;
+    small.large_font_mask = 0x02;
+    small.font_style_mask = 0x03;
+    pool.set_serialisation_limits(small);
+    QByteArray reduced = VT::Pool_file::write(pool);
+    FUZZ_CHECK(VT::Pool_file::write_streamed(pool, 1785) == reduced);
+
+    // What was written reads back.
+    VT::Object_pool again;
+    FUZZ_CHECK(VT::Pool_file::read(once, again, &error));
+    FUZZ_CHECK(again.size() == pool.size());
+    return 0;
+}

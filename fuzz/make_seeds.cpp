@@ -1,0 +1,77 @@
+// Writes seed inputs for the fuzz targets from real pools and descriptions:
+//   fuzz_seeds OUT_DIR FILE...
+// Pool files (.iop and others) are read with the pool reader and descriptions (.xml) built;
+// each object becomes a seed for fuzz_object (its type byte and attribute bytes), and each
+// picture graphic a seed for fuzz_picture (its size, format, options and data).
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <cstdio>
+#include <memory>
+
+#include "fuzz/fuzz_support.h"
+#include "tools/Description.h"
+#include "tools/Pool_file.h"
+
+namespace {
+
+void write_seed(const QString& dir, const QByteArray& bytes)
+{
+    QDir().mkpath(dir);
+    QFile f(dir + "/" + QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex());
+    if (f.open(QIODevice::WriteOnly))
+        f.write(bytes);
+}
+
+QByteArray picture_seed(VT::Base::Picture_graphic_obj& pic)
+{
+    QByteArray s;
+    const uint16_t w = pic.get_actual_width(), h = pic.get_actual_height();
+    s.append(char(w & 0xFF)).append(char(w >> 8)).append(char(h & 0xFF)).append(char(h >> 8));
+    s.append(char(pic.get_format())).append(char(pic.get_options()));
+    const unsigned char* b = pic.get_bytes();
+    if (b)
+        s.append(reinterpret_cast<const char*>(b), int(pic.get_num_bytes()));
+    return s;
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    fuzz::quiet();
+    if (argc < 3) {
+        fprintf(stderr, "usage: %s OUT_DIR FILE...\n", argv[0]);
+        return 2;
+    }
+    const QString out = QString::fromLocal8Bit(argv[1]);
+    int objects = 0, pictures = 0;
+    for (int i = 2; i < argc; ++i) {
+        const QString path = QString::fromLocal8Bit(argv[i]);
+        VT::Object_pool pool;
+        QString error;
+        if (path.endsWith(".xml")) {
+            auto d = std::make_shared<VT::Description>();
+            pool.keep_alive(d);
+            if (!d->load_file(path))
+                continue;
+            d->build(pool);
+        } else if (!VT::Pool_file::read_file(path, pool, &error)) {
+            fprintf(stderr, "%s: %s\n", argv[i], qPrintable(error));
+            continue;
+        }
+        for (VT::VT_obj* obj : pool.objects()) {
+            QByteArray bytes = VT::Pool_file::object_bytes(*obj);
+            if (bytes.size() > 2) {
+                write_seed(out + "/fuzz_object", bytes.mid(2));
+                ++objects;
+            }
+            if (auto* pic = dynamic_cast<VT::Base::Picture_graphic_obj*>(obj)) {
+                write_seed(out + "/fuzz_picture", picture_seed(*pic));
+                ++pictures;
+            }
+        }
+    }
+    printf("seeds: %d objects, %d pictures\n", objects, pictures);
+    return 0;
+}
