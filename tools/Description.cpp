@@ -715,9 +715,9 @@ void Description::apply_spec()
     // Library chatter on standard output (arrays print what they read) stays out of the output
     // of the tool.
     std::ostringstream chatter;
-    std::streambuf* old = nullptr;
-    if (!verbose)
-        old = std::cout.rdbuf(chatter.rdbuf());
+    // The buffer it had is put back even when that was none (a host that silenced the stream).
+    const bool quiet = !verbose;
+    std::streambuf* old = quiet ? std::cout.rdbuf(chatter.rdbuf()) : nullptr;
 
     QSet<Xml_element*> done;
     auto process = [&](Xml_element* e, scale_area_t area) {
@@ -750,7 +750,7 @@ void Description::apply_spec()
         if (!done.contains(e))
             process(e, SCALE_AREA_NONE);
 
-    if (old)
+    if (quiet)
         std::cout.rdbuf(old);
 }
 

@@ -10,7 +10,6 @@
 #include <memory>
 #include <new>
 
-#include "platform/Byte_packer.h"
 #include "platform/Debug_print.h"
 
 namespace VT {
@@ -376,10 +375,13 @@ int Picture_graphic_obj::Attribute_array_pixel::serialise_4_bit_plain(int offset
         // A row that is wanted whole is packed straight into the output.
         const bool direct = skip == 0 && room >= row_bytes;
         uint8_t* dst = direct ? out + written : packed.get();
-        Byte_packer packer(dst, int(row_bytes));
-        for (uint32_t c = 0; c < W; ++c)
-            packer.push(remap[src[c]]);
-        packer.flush();
+        // Two pixels to a byte, the first in the high nibble; an odd last pixel leaves the
+        // low nibble 0.
+        uint32_t c = 0;
+        for (size_t b = 0; c + 1 < W; ++b, c += 2)
+            dst[b] = uint8_t((remap[src[c]] & 0x0F) << 4 | (remap[src[c + 1]] & 0x0F));
+        if (c < W)
+            dst[row_bytes - 1] = uint8_t((remap[src[c]] & 0x0F) << 4);
         const size_t k = std::min(row_bytes - skip, room);
         if (!direct)
             memcpy(out + written, packed.get() + skip, k);
@@ -436,6 +438,91 @@ int Picture_graphic_obj::Attribute_array_pixel::write_4_bit_rle(unsigned char co
     return emit_run(count, uint8_t(high << 4 | (low & 0x0F)), skip, out, room);
 }
 
+namespace {
+
+// Turns a stream of 4-bit pixels, given as runs of one value, into 4-bit run records: runs
+// of equal pixel pairs, at most 255 pairs each. Works run by run, so no picture-sized buffer
+// is needed whatever size the picture claims.
+class Pair_run_encoder
+{
+public:
+    Pair_run_encoder(int& skip, uint8_t*& out, int& room) : skip(skip), out(out), room(room) {}
+
+    // Adds `count` pixels of `value`; false once the output is full.
+    bool add(uint8_t value, size_t count)
+    {
+        if (count == 0)
+            return !full;
+        if (pending >= 0) {
+            add_pairs(uint8_t(pending), value, 1);
+            pending = -1;
+            --count;
+        }
+        if (count >= 2)
+            add_pairs(value, value, count / 2);
+        if (count & 1)
+            pending = value;
+        return !full;
+    }
+    // Emits the run in progress; the total of bytes emitted.
+    int64_t finish()
+    {
+        flush();
+        return total;
+    }
+
+private:
+    void add_pairs(uint8_t a, uint8_t b, size_t n)
+    {
+        const unsigned key = unsigned(a) | unsigned(b) << 8;
+        if (key != run_key || run_pairs == 0) {
+            flush();
+            run_key = key;
+        }
+        run_pairs += n;
+    }
+    // Emits the run in progress as records of 255 pairs and a shorter last one. Records that
+    // are only counted or skipped are accounted for without walking them one by one, so a run
+    // of any length costs no more than the bytes it actually writes.
+    void flush()
+    {
+        const uint8_t packed = uint8_t((run_key & 0xFF) << 4 | (run_key >> 8));
+        size_t whole = run_pairs / 255;
+        const size_t part = run_pairs % 255;
+        run_pairs = 0;
+        if (full)
+            return;
+        if (!out) {
+            total += int64_t(2) * int64_t(whole + (part ? 1 : 0));
+            return;
+        }
+        const size_t skipped = std::min(whole, size_t(skip / 2));
+        skip -= int(2 * skipped);
+        whole -= skipped;
+        for (; whole > 0 && !full; --whole)
+            put(255, packed);
+        if (part && !full)
+            put(uint8_t(part), packed);
+    }
+    void put(uint8_t count, uint8_t packed)
+    {
+        total += emit_run(count, packed, skip, out, room);
+        if (room == 0)
+            full = true;
+    }
+
+    int& skip;
+    uint8_t*& out;
+    int& room;
+    int pending = -1;
+    unsigned run_key = 0;
+    size_t run_pairs = 0;
+    int64_t total = 0;
+    bool full = false;
+};
+
+}
+
 int Picture_graphic_obj::Attribute_array_pixel::serialise_4_bit_rle(int offset, uint8_t* out, int len) const
 {
     const bool counting = out == nullptr;
@@ -444,41 +531,43 @@ int Picture_graphic_obj::Attribute_array_pixel::serialise_4_bit_rle(int offset, 
     int skip = counting ? 0 : offset;
     int room = counting ? 0 : len;
     const uint32_t W = picture->actual_width.get(), H = picture->actual_height.get();
-    const size_t pixels = ((size_t(W) + 1) & ~size_t(1)) * H;
-    std::unique_ptr<uint8_t[]> work(new (std::nothrow) uint8_t[std::max<size_t>(pixels, 2)]);
-    if (!work)
-        return 0;
-    const uint8_t* w = work.get();
-    if (pixels == 0) {
-        work[0] = work[1] = 0;
-        return emit_run(0, uint8_t(w[0] << 4 | w[1]), skip, out, room);
-    }
-    decompress_rle(work.get(), FOUR_BIT_COLOUR);
-    // Runs of equal pixel pairs, at most 255 pairs each.
-    const size_t pairs = pixels / 2;
-    int64_t total = 0;
-    for (size_t i = 0; i < pairs;) {
-        uint16_t pair;
-        memcpy(&pair, w + 2 * i, 2);
-        const size_t limit = std::min(pairs, i + 255);
-        size_t j = i + 1;
-        const uint64_t four = uint64_t(pair) * 0x0001000100010001ull;
-        for (uint64_t v; j + 4 <= limit; j += 4) {
-            memcpy(&v, w + 2 * j, 8);
-            if (v != four)
-                break;
+    // The pixels as decompress_rle lays them out: rows of odd width end in a copy of their
+    // last pixel, and pixels no run reaches read as index 255.
+    const size_t total = ((size_t(W) + 1) & ~size_t(1)) * H;
+    if (total == 0)
+        return emit_run(0, 0, skip, out, room);
+    const Colour_table& remap = remap_table(FOUR_BIT_COLOUR);
+    const uint8_t* raw = stored();
+    const size_t n = stored_bytes();
+    Pair_run_encoder encoder(skip, out, room);
+    size_t pos = 0;
+    if (W % 2 == 0) {
+        for (size_t i = 0; i + 1 < n && pos < total; i += 2) {
+            const size_t m = std::min<size_t>(raw[i], total - pos);
+            if (!encoder.add(remap[raw[i + 1]], m))
+                return clamp_int(encoder.finish());
+            pos += m;
         }
-        for (uint16_t q; j < limit; ++j) {
-            memcpy(&q, w + 2 * j, 2);
-            if (q != pair)
-                break;
+    } else {
+        uint32_t col = 0;
+        for (size_t i = 0; i + 1 < n && pos < total; i += 2) {
+            uint32_t count = raw[i];
+            const uint8_t v = remap[raw[i + 1]];
+            while (count && pos < total) {
+                const uint32_t k = std::min(count, W - col);
+                // The run, and the copy that closes its row when it reaches the row's end.
+                const bool row_end = col + k == W;
+                if (!encoder.add(v, k + (row_end ? 1 : 0)))
+                    return clamp_int(encoder.finish());
+                pos += k + (row_end ? 1 : 0);
+                col = row_end ? 0 : col + k;
+                count -= k;
+            }
         }
-        total += emit_run(uint8_t(j - i), uint8_t(w[2 * i] << 4 | w[2 * i + 1]), skip, out, room);
-        if (!counting && room == 0)
-            break;
-        i = j;
     }
-    return clamp_int(total);
+    if (pos < total)
+        encoder.add(remap[255], total - pos);
+    return clamp_int(encoder.finish());
 }
 
 // ---- Picture_graphic_obj ----
