@@ -78,8 +78,8 @@ public:
     // Deletes every object.
     void clear();
 
-    VT_obj* find(uint16_t id) const { return by_id.value(id, nullptr); }
-    VT_obj* find(const QByteArray& name) const { return by_name.value(name, nullptr); }
+    VT_obj* find(uint16_t id) const { return by_id ? by_id[id] : nullptr; }
+    VT_obj* find(const QByteArray& name) const { return by_name.find(name.constData(), size_t(name.size())); }
     // In the order they were added (the order they are written in).
     const QVector<VT_obj*>& objects() const { return list; }
     int size() const { return list.size(); }
@@ -106,9 +106,39 @@ public:
 private:
     friend class Helper;
 
+    // Objects by name: open addressing over copies of the names kept in blocks, so that adding
+    // an object allocates nothing in the common case.
+    class Name_index
+    {
+    public:
+        VT_obj* find(const char* name, size_t len) const;
+        // `name` must not be indexed yet.
+        void insert(const char* name, size_t len, VT_obj* obj);
+        void clear();
+
+    private:
+        struct Slot
+        {
+            const char* key = nullptr; // null: empty
+            uint32_t len = 0;
+            uint32_t hash = 0;
+            VT_obj* obj = nullptr;
+        };
+        static uint32_t hash_of(const char* s, size_t len);
+        const Slot* lookup(const char* name, size_t len, uint32_t h) const;
+        const char* keep(const char* s, size_t len);
+        void grow();
+
+        std::vector<Slot> table; // a power of two in size, at most half full
+        size_t used = 0;
+        std::vector<std::unique_ptr<char[]>> blocks;
+        size_t block_left = 0;
+        char* block_at = nullptr;
+    };
+
     QVector<VT_obj*> list;
-    QHash<uint16_t, VT_obj*> by_id;
-    QHash<QByteArray, VT_obj*> by_name;
+    std::unique_ptr<VT_obj*[]> by_id; // all 65536 ids once the first object is added
+    Name_index by_name;
     Helper pool_helper;
     QVector<Upload_request> upload_log;
     std::function<void(VT_obj*, bool)> on_upload;

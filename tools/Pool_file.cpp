@@ -1,6 +1,7 @@
 #include "tools/Pool_file.h"
 
 #include <QFile>
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -8,13 +9,36 @@
 
 namespace VT {
 
+namespace {
+
+// The default name "<Type>_<id>" (or "obj_<id>" when that is too long), written into `out`
+// without allocating: reading a pool names every object.
+void write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
+{
+    char digits[5];
+    int n = 0;
+    for (unsigned v = id; n == 0 || v; v /= 10)
+        digits[n++] = char('0' + v % 10);
+    const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+    size_t len = strlen(type);
+    if (len + 1 + size_t(n) > size_t(VT_obj::NAME_LEN)) {
+        type = "obj";
+        len = 3;
+    }
+    memcpy(out, type, len);
+    out[len++] = '_';
+    while (n)
+        out[len++] = digits[--n];
+    out[len] = '\0';
+}
+
+}
+
 QByteArray Pool_file::default_name(unsigned full_type, uint16_t id)
 {
-    QByteArray name = QByteArray(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type))) + "_" +
-                      QByteArray::number(id);
-    if (name.size() > VT_obj::NAME_LEN)
-        name = "obj_" + QByteArray::number(id);
-    return name;
+    char name[VT_obj::NAME_LEN + 1];
+    write_default_name(full_type, id, name);
+    return QByteArray(name);
 }
 
 bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error, Read_report* report)
@@ -69,7 +93,9 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
 
         VT_obj* obj = entry->make(nullptr);
         obj->set_id(id);
-        obj->set_name(default_name(full_type, id).constData());
+        char name[VT_obj::NAME_LEN + 1];
+        write_default_name(full_type, id, name);
+        obj->set_name(name);
         Iso::Deserialise_results res;
         int consumed = obj->deserialise(0, at + 3, remaining - 3, &res);
         if (consumed < 0 || consumed > remaining - 3) {
@@ -115,9 +141,17 @@ QByteArray Pool_file::object_bytes(VT_obj& obj)
 
 QByteArray Pool_file::write(Object_pool& pool)
 {
+    // Each object as object_bytes() makes it, serialised straight into the output.
     QByteArray out;
-    for (VT_obj* obj : pool.objects())
-        out += object_bytes(*obj);
+    for (VT_obj* obj : pool.objects()) {
+        const int n = obj->num_bytes();
+        if (n <= 0)
+            continue;
+        const int at = out.size();
+        out.resize(at + n);
+        const int written = obj->serialise(0, reinterpret_cast<uint8_t*>(out.data()) + at, n);
+        out.resize(at + std::max(written, 0));
+    }
     return out;
 }
 

@@ -135,6 +135,15 @@ public:
         if (len < 1 || offset < 0 || offset >= total)
             return 0;
         int n = std::min(total - offset, len);
+        if (WIDTH == 1) {
+            // Bytes are the elements themselves: copy what is held, zeros after it.
+            const int have = offset < int(held) ? std::min(n, int(held) - offset) : 0;
+            if (have > 0)
+                memcpy(out, reinterpret_cast<const uint8_t*>(buf) + offset, size_t(have));
+            if (n > std::max(have, 0))
+                memset(out + std::max(have, 0), 0, size_t(n - std::max(have, 0)));
+            return n;
+        }
         for (int k = 0; k < n; ++k) {
             int byte = offset + k;
             unsigned element = unsigned(byte / WIDTH);

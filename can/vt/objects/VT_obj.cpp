@@ -184,13 +184,14 @@ int VT_obj::__serialise(int offset, uint8_t* buf, int len)
         ++total;
     }
     int attr_offset = std::max(remaining - 1, 0);
+    // The terminal's limits, asked once per call rather than once per attribute.
+    const Serialisation_limits* limits = pool_helper ? pool_helper->get_serialisation_limits() : nullptr;
     // The record is the registered every-table: a class that shows more attributes to the
     // walks (get_every_attribute) does not change its byte form.
     for (uint16_t i = 0; i < every_count && len > 0; ++i) {
         Attribute* a = every_table[i];
         if (!a)
             continue;
-        const Serialisation_limits* limits = pool_helper ? pool_helper->get_serialisation_limits() : nullptr;
         int written = a->serialise(limits, attr_offset, buf, len);
         if (written == 0)
             attr_offset = std::max(attr_offset - a->num_bytes(), 0);
