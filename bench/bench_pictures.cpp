@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -125,6 +126,18 @@ void upload(benchmark::State& state, bool rle)
     report(state, rle ? fixture().runs.size() : fixture().plain.size());
 }
 
+// The floor: copying the picture's pixels once.
+void BM_picture_memcpy(benchmark::State& state)
+{
+    const std::vector<uint8_t>& from = fixture().plain;
+    std::vector<uint8_t> to(from.size());
+    for (auto _ : state) {
+        memcpy(to.data(), from.data(), from.size());
+        benchmark::ClobberMemory();
+    }
+    report(state, from.size());
+}
+
 void BM_decode_plain(benchmark::State& s) { decode(s, false); }
 void BM_decode_rle(benchmark::State& s) { decode(s, true); }
 void BM_reduce_4_bit_plain(benchmark::State& s) { reduce(s, false); }
@@ -144,6 +157,7 @@ void BM_qimage_rle(benchmark::State& state)
 
 }
 
+BENCHMARK(BM_picture_memcpy);
 BENCHMARK(BM_decode_plain);
 BENCHMARK(BM_decode_rle);
 BENCHMARK(BM_reduce_4_bit_plain);
