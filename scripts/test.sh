@@ -1,8 +1,13 @@
 #!/usr/bin/env bash
 # Builds the library and its tests with AddressSanitizer and UndefinedBehaviorSanitizer and
-# runs the whole suite through CTest. Any failure or sanitizer report fails the run.
+# runs the whole suite through CTest (LeakSanitizer on: a leak fails the run). Then runs each
+# fuzz target for a short time (VT_CORE_FUZZ_SECONDS, default 30; 0 skips them), seeded from
+# the real pools and the examples. Any failure, sanitizer report, leak or fuzz finding fails
+# the run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+fuzz_seconds=${VT_CORE_FUZZ_SECONDS:-30}
+if [ "$fuzz_seconds" != 0 ]; then export VT_CORE_WITH_FUZZ=1; fi
 scripts/setup.sh
 
 build=${VT_CORE_TEST_BUILD:-build-test}
@@ -12,5 +17,11 @@ cmake --build "$build" -j"$(nproc)"
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:halt_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export QT_QPA_PLATFORM=offscreen
-cd "$build"
-ctest --output-on-failure -j"$(nproc)"
+(cd "$build" && ctest --output-on-failure -j"$(nproc)") | tee "$build/ctest.log"
+summary=$(grep -E "tests passed|tests failed" "$build/ctest.log" | tail -1)
+
+if [ "$fuzz_seconds" != 0 ]; then
+  scripts/fuzz.sh "$fuzz_seconds"
+  # The suite's result closes the output.
+  echo "$summary"
+fi
