@@ -271,15 +271,21 @@ private:
 
     const QByteArray* value(const char* n)
     {
-        QByteArray key(n ? n : "");
+        // Looked up through the caller's text; a copy is kept only the first time it is used.
+        const char* text = n ? n : "";
+        const QByteArray key = QByteArray::fromRawData(text, int(strlen(text)));
+        auto use = [&] {
+            if (!e->used.contains(key))
+                e->used.insert(QByteArray(text));
+        };
         auto s = e->supplied.constFind(key);
         if (s != e->supplied.constEnd()) {
-            e->used.insert(key);
+            use();
             return &s.value();
         }
         const QByteArray* v = e->attribute(key);
         if (v)
-            e->used.insert(key);
+            use();
         return v;
     }
 
@@ -289,7 +295,7 @@ private:
         const QByteArray* v = value(n);
         if (!v)
             return false;
-        if (e->binary.contains(QByteArray(n))) {
+        if (e->binary.contains(QByteArray::fromRawData(n, int(strlen(n))))) {
             out = *v;
             return true;
         }

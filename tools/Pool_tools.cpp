@@ -136,8 +136,17 @@ QVector<Object_reference> Pool_tools::references(VT_obj& obj)
         Attribute* a = obj.get_every_attribute(i);
         if (!a)
             continue;
-        QByteArray name(a->name ? a->name : "");
-        auto add = [&](Object_reference::Kind kind, uint16_t id) { out.append({kind, name, int(i), id}); };
+        // Only these kinds of attribute hold references: the others skip the casts below.
+        const Attribute::atype kind = a->get_type();
+        if (kind != Attribute::ATTR_OBJECT_ID && kind != Attribute::ATTR_LIST && kind != Attribute::ATTR_ARRAY_OBJECT_ID)
+            continue;
+        // The attribute's name, made once it is needed (most attributes refer to nothing).
+        QByteArray name;
+        auto add = [&](Object_reference::Kind kind, uint16_t id) {
+            if (name.isNull())
+                name = QByteArray(a->name ? a->name : "");
+            out.append({kind, name, int(i), id});
+        };
         if (auto* single = dynamic_cast<Attribute_object_id*>(a)) {
             add(Object_reference::REFERENCE, single->get());
         } else if (auto* places = dynamic_cast<Attribute_list<Attribute_object_placement>*>(a)) {

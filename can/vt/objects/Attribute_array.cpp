@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <iostream>
+#include <string>
 
 #include "can/vt/objects/Attribute_object_id.h"
 
@@ -22,12 +23,19 @@ int Attribute_array<T>::_set_by_spec(Spec_node* spec, scale_area_t area)
         return false;
     }
     std::cout << name << "[" << n << "] = ";
+    // Each byte as "%hhx " would print it (lower-case hex, no leading zero), written at once.
+    static const char digits[] = "0123456789abcdef";
     const uint8_t* bytes_in = reinterpret_cast<const uint8_t*>(buf);
+    std::string text;
+    text.reserve(size_t(n) * WIDTH * 3);
     for (uint32_t i = 0; i < n * WIDTH; ++i) {
-        char text[8];
-        snprintf(text, sizeof text, "%hhx ", bytes_in[i]);
-        std::cout << text;
+        const uint8_t b = bytes_in[i];
+        if (b >= 16)
+            text += digits[b >> 4];
+        text += digits[b & 15];
+        text += ' ';
     }
+    std::cout.write(text.data(), std::streamsize(text.size()));
     std::cout << std::endl;
     return false;
 }
