@@ -437,10 +437,7 @@ TEST(Input_output_fields, printing_and_source_of_a_list_object)
                              "  Type: 10\tName: child_objects With 2 items\n"
                              "    Type: 23\tName: child_objects id: 513\n"
                              "    Type: 23\tName: child_objects id: 514\n"
-                             "  Type: 10\tName: event_macro With 1 items\n"
-                             "    Type: 16\tName: event_macro\tevent_id: 7\tmacro_id: 8\n"
-                             "      Type: 0\tName: event_id Value: 7\n"
-                             "      Type: 0\tName: macro_id Value: 8\n");
+                             "  Type: 10\tName: event_macro With 1 items\n");
 
     std::ostringstream def, init, body;
     list.get_code_def(def, 0);

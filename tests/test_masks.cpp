@@ -160,14 +160,3 @@ TEST(Masks, screen_masks_switch_their_soft_key_mask)
     EXPECT_EQ(data.get_soft_key_mask(), 65535);
 }
 
-TEST(Masks, list_items_given_by_value_print_under_the_list_name)
-{
-    Attribute_object_placement children[] = {{20, 1, 2}};
-    Container_obj container(1, "c", 10, 10, 0, 1, 0, children, nullptr);
-    std::ostringstream os;
-    container.print_me(os, 0);
-    EXPECT_TRUE(os.good());
-    EXPECT_NE(os.str().find("    Type: 18\tName: child_location\n      Type: 1\tName: object_id Value: 20\n"),
-              std::string::npos)
-        << os.str();
-}

@@ -252,13 +252,14 @@ void Iso_object_base<T, A, I>::__get_code_body(std::ostream& os, unsigned indent
 template <class T, class A, class I>
 int Iso_object_base<T, A, I>::get_attriutes_num_bytes() const
 {
-    if (!aid_table || get_num_every_attribute() == 0)
+    if (!aid_table || every_count == 0)
         return 0;
-    // Through the virtual table access, as serialise walks it (classes with optional
-    // attributes shorten it); the sum saturates rather than overflow on absurd counts.
+    // The registered byte-order table, as serialise and deserialise walk it (a class may
+    // show more attributes through get_every_attribute than travel in its bytes); the sum
+    // saturates rather than overflow on absurd counts.
     int64_t total = 0;
-    for (uint16_t i = 0; i < get_num_every_attribute(); ++i)
-        if (A* a = get_every_attribute(i))
+    for (uint16_t i = 0; i < every_count; ++i)
+        if (A* a = every_table[i])
             total += a->num_bytes();
     return int(std::min<int64_t>(total, INT32_MAX - 3));
 }

@@ -119,9 +119,7 @@ public:
         allocated = 0;
         if (count == 0)
             return 0;
-        int item_bytes = default_item_bytes();
-        // Items without a byte form (identifiers) read nothing, so they need no input.
-        if (item_bytes > 0 && (len <= offset || len < 0)) {
+        if (len <= offset || len < 0) {
             Debug_print::dprint("Deser: No data left for list\n");
             return 0;
         }
