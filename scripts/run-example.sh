@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the library and runs the main job on the bundled example.
+# The main job on the bundled example: builds vt_core and vtpool, builds the realistic example
+# pool description into object-pool bytes for a 256-colour terminal, then dumps the pool.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
@@ -7,4 +8,7 @@ scripts/setup.sh
 build=${VT_CORE_BUILD:-build}
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DVT_CORE_TESTS=OFF >/dev/null
 cmake --build "$build" -j"$(nproc)"
-"$build"/examples/vt_example
+
+out="$build/realistic.iop"
+"$build"/tools/vtpool build examples/realistic.xml -o "$out"
+"$build"/tools/vtpool dump "$out"

@@ -1,4 +1,4 @@
-// Pool descriptions: the XML reader, the spec nodes over it and the building of a pool.
+// Pool descriptions: the XML reader, the Spec_node implementation over it and the building of a pool.
 #include <gtest/gtest.h>
 
 #include <memory>

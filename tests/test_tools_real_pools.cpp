@@ -73,10 +73,10 @@ TEST(ToolsRealPools, DamagedCopiesReadOrFailCleanly)
         GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR;
     test::Dprint_capture quiet;
     test::Stream_capture err(std::cerr);
-    uint32_t seed = 12345;
-    auto next = [&seed]() {
-        seed = seed * 1103515245u + 12345u;
-        return seed >> 8;
+    uint32_t state = 12345;
+    auto next = [&state]() {
+        state = state * 1103515245u + 12345u;
+        return state >> 8;
     };
     for (const QString& path : pools) {
         QFile f(path);

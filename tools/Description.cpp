@@ -716,7 +716,7 @@ void Description::prepare_picture(Xml_element* e, bool png)
     e->binary.insert("bytes");
 }
 
-void Description::apply_spec()
+void Description::read_values()
 {
     // Library chatter on standard output (arrays print what they read) stays out of the output
     // of the tool.
@@ -905,7 +905,7 @@ bool Description::build(Object_pool& target)
         else
             problem(e, why);
     }
-    apply_spec();
+    read_values();
     // Children placed by name learn their area from the masks only through their references.
     Pool_tools::propagate_areas(*pool);
     resolve_colours();

@@ -37,7 +37,7 @@ struct Xml_element
 };
 
 // A pool description read from XML (format: docs/description-format.md) and built into the
-// objects of an Object_pool through the library's spec input.
+// objects of an Object_pool through the library's set_by_spec.
 class Description
 {
 public:
@@ -58,17 +58,17 @@ public:
     // Problems found (each "file:line: text"); warnings do not make a build fail.
     const QStringList& problems() const { return problem_list; }
     const QStringList& warnings() const { return warning_list; }
-    // Library chatter on standard output during spec input is dropped unless verbose.
+    // Library chatter on standard output during set_by_spec is dropped unless verbose.
     void set_verbose(bool on) { verbose = on; }
 
     const QString& file_name() const { return file; }
     QString where(const Xml_element* e) const;
 
-    // A spec node over an element of this description (the caller deletes it).
+    // A Spec_node over an element of this description (the caller deletes it).
     Spec_node* make_node(Xml_element* e);
     Xml_element* root_element() { return root.get(); }
 
-    // Used by the spec nodes.
+    // Used by the Spec_node implementation.
     void problem(const Xml_element* e, const QString& text);
     void warning(const Xml_element* e, const QString& text);
     uint16_t lookup_id(const QByteArray& name) const;
@@ -76,7 +76,7 @@ public:
     // The colour a name of a <colour> declaration stands for; false when unknown.
     bool declared_colour(const QByteArray& name, unsigned char& out) const;
     void note_unknown_reference(const Xml_element* e, const QByteArray& name);
-    // The element of an object's own spec node, or null for nodes this description did not make.
+    // The element of an object's own Spec_node, or null for nodes this description did not make.
     const Xml_element* element_of(Spec_node* node) const;
 
 private:
@@ -91,7 +91,7 @@ private:
     void assign_ids();
     void prepare_values(Xml_element* e);
     void prepare_picture(Xml_element* e, bool png);
-    void apply_spec();
+    void read_values();
     void resolve_colours();
     void justify();
     bool root_size(const char* key, int& w, int& h);

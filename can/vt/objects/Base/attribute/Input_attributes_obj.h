@@ -21,25 +21,8 @@ public:
     VT_ATTRIBUTE_GETTER(unsigned char, length)
     VT_ATTRIBUTE_GETTER(unsigned char, num_macros)
     VT_EVENT_MACRO_GETTERS(event_macro)
-    // The validation string, or an empty string when there is none.
-    const char* _get_string() const
-    {
-        __check_locked();
-        return string.c_str();
-    }
-    // Character i of the validation string, or NUL past its end.
-    char get_string(unsigned i) const
-    {
-        lock();
-        char c = *_get_string(i);
-        unlock();
-        return c;
-    }
-    const char* _get_string(unsigned i) const
-    {
-        __check_locked();
-        return i < string.get_length() ? &string[i] : "";
-    }
+    // The validation string.
+    VT_STRING_GETTERS(string)
 
 private:
     void init_lists();

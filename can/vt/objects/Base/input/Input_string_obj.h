@@ -1,7 +1,6 @@
 #ifndef CAN_VT_OBJECTS_BASE_INPUT_INPUT_STRING_OBJ_H
 #define CAN_VT_OBJECTS_BASE_INPUT_INPUT_STRING_OBJ_H
 
-#include "can/vt/objects/Base/input/String_getters.h"
 #include "can/vt/objects/Object_class.h"
 
 namespace VT {

@@ -16,35 +16,7 @@ public:
     type_t get_ctype() const override { return TYPE_STRING_VARIABLE; }
 
     VT_GETTER(uint16_t, length, string.get_length())
-    const char* _get_string() const
-    {
-        __check_locked();
-        return string.c_str();
-    }
-    char get_string(unsigned i) const
-    {
-        lock();
-        char c = *_get_string(i);
-        unlock();
-        return c;
-    }
-    const char* _get_string(unsigned i) const
-    {
-        __check_locked();
-        return i < string.get_length() ? &string[i] : "";
-    }
-    int get_string(unsigned i, char* dst, unsigned n) const
-    {
-        lock();
-        int r = _get_string(i, dst, n);
-        unlock();
-        return r;
-    }
-    int _get_string(unsigned i, char* dst, unsigned n) const
-    {
-        __check_locked();
-        return string.get_elements(i, dst, n) > 0 ? 1 : 0;
-    }
+    VT_STRING_GETTERS(string)
 
 private:
     void init_lists();
