@@ -118,7 +118,7 @@ void BM_description_memcpy(benchmark::State& s)
     copy_floor(s, xml, DESCRIPTION_OBJECTS);
 }
 
-// Parsing the XML text and building every object through spec input.
+// Parsing the XML text and building every object through description input.
 void BM_description_build_5000(benchmark::State& state)
 {
     static const QByteArray xml = bench::mixed_description(DESCRIPTION_OBJECTS);

@@ -1,5 +1,5 @@
 // Pool descriptions: XML text parsed and built into a pool, which is then written out.
-// Relative picture files resolve against examples/, so the example descriptions work as seeds.
+// Relative picture files resolve against examples/, so the example descriptions work as starting inputs.
 //
 // The library ends the process on configuration errors that make a pool unusable (a key code
 // of 0, a NULL attribute that must be set, ...), after its "FATAL ERROR!" line. Such an ending

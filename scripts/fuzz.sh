@@ -2,7 +2,7 @@
 # Builds the fuzz targets (clang, libFuzzer, AddressSanitizer + UndefinedBehaviorSanitizer)
 # and runs each for SECONDS seconds (default 60):
 #   scripts/fuzz.sh [SECONDS]
-# Seeds come from the real pools in ../shared/pools (or $VT_SHARED_POOLS_DIR; skipped when
+# Starting inputs come from the real pools in ../shared/pools (or $VT_SHARED_POOLS_DIR; skipped when
 # absent) and the example
 # descriptions. The corpus each target grows is kept in build-fuzz/corpus/<target> and reused
 # by the next run. Fails on any crash, sanitizer report, leak or timeout; the input that caused
@@ -22,22 +22,22 @@ export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:allocator_may_return_null=0
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export QT_QPA_PLATFORM=offscreen
 
-seeds="$build/seeds"
-rm -rf "$seeds"
-mkdir -p "$seeds"/{fuzz_pool_file,fuzz_object,fuzz_description,fuzz_picture} "$build/artifacts"
+starts="$build/starts"
+rm -rf "$starts"
+mkdir -p "$starts"/{fuzz_pool_file,fuzz_object,fuzz_description,fuzz_picture} "$build/artifacts"
 inputs=(examples/*.xml)
-cp examples/*.xml "$seeds/fuzz_description/"
+cp examples/*.xml "$starts/fuzz_description/"
 pools=${VT_SHARED_POOLS_DIR:-../shared/pools}
 if [ -d "$pools" ]; then
   for f in "$pools"/*; do
     case "$f" in *.md | */LICENSE) continue ;; esac
-    cp "$f" "$seeds/fuzz_pool_file/"
+    cp "$f" "$starts/fuzz_pool_file/"
     inputs+=("$f")
   done
 else
-  echo "fuzz: no real pools at $pools; seeding from the examples only"
+  echo "fuzz: no real pools at $pools; starting from the examples only"
 fi
-"$build/fuzz/fuzz_seeds" "$seeds" "${inputs[@]}"
+"$build/fuzz/fuzz_corpus" "$starts" "${inputs[@]}"
 
 failed=()
 for t in "${targets[@]}"; do
@@ -47,7 +47,7 @@ for t in "${targets[@]}"; do
   echo "fuzz: $t for ${seconds}s"
   status=0
   "$build/fuzz/$t" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
-    -artifact_prefix="$build/artifacts/$t-" "$corpus" "$seeds/$t" >"$log" 2>&1 || status=$?
+    -artifact_prefix="$build/artifacts/$t-" "$corpus" "$starts/$t" >"$log" 2>&1 || status=$?
   if [ "$status" -ne 0 ] || grep -qE "ERROR: (AddressSanitizer|LeakSanitizer|libFuzzer)|runtime error:|check failed:" "$log"; then
     echo "fuzz: $t FAILED (exit $status); log: $log"
     grep -E "ERROR|runtime error|check failed|SUMMARY|Test unit written" "$log" | head -20 || true

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the library and its tests with AddressSanitizer and UndefinedBehaviorSanitizer and
 # runs the whole suite through CTest (LeakSanitizer on: a leak fails the run). Then runs each
-# fuzz target for a short time (VT_CORE_FUZZ_SECONDS, default 30; 0 skips them), seeded from
+# fuzz target for a short time (VT_CORE_FUZZ_SECONDS, default 30; 0 skips them), started from
 # the real pools and the examples. Any failure, sanitizer report, leak or fuzz finding fails
 # the run.
 set -euo pipefail

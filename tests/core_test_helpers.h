@@ -46,8 +46,8 @@ public:
                                           &child_location});
         VT::set_table(every_table_storage, {&width, &height, &num_objects, &child_location});
     }
-    explicit Box_obj(Spec_node* spec)
-        : VT_obj(spec, TYPE_CONTAINER, 5, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
+    explicit Box_obj(Spec_node* spec_node)
+        : VT_obj(spec_node, TYPE_CONTAINER, 5, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
           width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), num_objects("num_objects", &child_location),
           child_location("child_location")
     {

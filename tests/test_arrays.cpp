@@ -221,41 +221,41 @@ TEST(Element_arrays, byte_form_in_pieces_and_back)
 
 TEST(Element_arrays, set_by_spec)
 {
-    test::Fake_spec spec;
-    spec.set("data", std::string("\x01\x02\xFF", 3)).set("s", "hello");
+    test::Fake_spec spec_node;
+    spec_node.set("data", std::string("\x01\x02\xFF", 3)).set("s", "hello");
     Attribute_array_uint8 data("data");
     std::string trace;
     {
         test::Stream_capture out(std::cout);
-        EXPECT_FALSE(data._set_by_spec(&spec, SCALE_AREA_NONE)); // reports false even on success
+        EXPECT_FALSE(data._set_by_spec(&spec_node, SCALE_AREA_NONE)); // reports false even on success
         trace = out.str();
     }
     EXPECT_EQ(trace, "data[3] = 1 2 ff \n");
     EXPECT_EQ(test::attribute_bytes(data), (Bytes{1, 2, 0xFF}));
 
     Attribute_array_char s("s");
-    EXPECT_EQ(s._set_by_spec(&spec, SCALE_AREA_SOFT_KEY), 1);
+    EXPECT_EQ(s._set_by_spec(&spec_node, SCALE_AREA_SOFT_KEY), 1);
     EXPECT_EQ(s.get_length(), 5u);
     EXPECT_STREQ(s.c_str(), "hello");
     Attribute_array_char missing("missing");
     missing.set_string_copy("keep");
-    EXPECT_FALSE(missing._set_by_spec(&spec, SCALE_AREA_NONE));
+    EXPECT_FALSE(missing._set_by_spec(&spec_node, SCALE_AREA_NONE));
     EXPECT_STREQ(missing.c_str(), "keep");
     EXPECT_FALSE(missing._set_by_spec(nullptr, SCALE_AREA_NONE));
 }
 
 TEST(Element_arrays, object_ids_fill_backwards_from_children)
 {
-    test::Fake_spec spec;
-    spec.shared().ids = {{"five", 5}, {"seven", 7}};
+    test::Fake_spec spec_node;
+    spec_node.shared().ids = {{"five", 5}, {"seven", 7}};
     VT::Base::Number_variable_obj five(5, "five", 0), seven(7, "seven", 0);
-    spec.shared().objects = {{"five", &five}, {"seven", &seven}};
-    spec.add_child(test::Fake_spec("Child").set("id", "five"))
+    spec_node.shared().objects = {{"five", &five}, {"seven", &seven}};
+    spec_node.add_child(test::Fake_spec("Child").set("id", "five"))
         .add_child(test::Fake_spec("Event_macro").set("id", "seven"))
         .add_child(test::Fake_spec("Child").set("id", "65535"))
         .add_child(test::Fake_spec("Child").set("id", "seven"));
     Attribute_array_object_id ids("ids");
-    EXPECT_TRUE(ids._set_by_spec(&spec, SCALE_AREA_ACTIVE));
+    EXPECT_TRUE(ids._set_by_spec(&spec_node, SCALE_AREA_ACTIVE));
     ASSERT_EQ(ids.get_length(), 3u);
     EXPECT_EQ(ids[0], 0); // left over by the skipped NULL entry
     EXPECT_EQ(ids[1], 7);

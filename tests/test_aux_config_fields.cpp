@@ -28,9 +28,9 @@ TEST(Auxiliary, type_1_objects_address_nothing_but_their_type)
 TEST(Auxiliary, input_id_stops_at_250)
 {
     test::Stream_capture err(std::cerr);
-    auto* spec = new Fake_spec();
-    spec->set("input_id", "251");
-    Auxiliary_input_obj from_spec(spec);
+    auto* spec_node = new Fake_spec();
+    spec_node->set("input_id", "251");
+    Auxiliary_input_obj from_spec(spec_node);
     from_spec.set_by_spec(SCALE_AREA_ACTIVE);
     EXPECT_EQ(from_spec.get_input_id(), 250);
 
@@ -78,10 +78,10 @@ TEST(Field, swaths_come_from_the_spec_children_in_order)
     Swath_obj last(new Fake_spec("Swath"));
     last.set_id(23);
 
-    auto* spec = new Fake_spec();
-    spec->add_child(Fake_spec("Swath").object(&first)).add_child(Fake_spec("Swath"));
-    spec->add_child(Fake_spec("Swath").object(&last));
-    Field_obj field(spec);
+    auto* spec_node = new Fake_spec();
+    spec_node->add_child(Fake_spec("Swath").object(&first)).add_child(Fake_spec("Swath"));
+    spec_node->add_child(Fake_spec("Swath").object(&last));
+    Field_obj field(spec_node);
     field.set_by_spec(SCALE_AREA_ACTIVE);
     ASSERT_EQ(field.get_num_swaths(), 3);
     EXPECT_EQ(field.get_swaths(0), 21);
@@ -95,10 +95,10 @@ TEST(Field, swaths_come_from_the_spec_children_in_order)
 
 TEST(Swath, spec_sizes_the_points_and_opens_the_polygon)
 {
-    auto* spec = new Fake_spec();
-    spec->set("num_points", "0").set("polygon_type", "1").set("maximum_points", "9");
-    spec->add_child(Fake_spec("Point").set("point_x", "4").set("point_y", "5"));
-    Swath_obj swath(spec);
+    auto* spec_node = new Fake_spec();
+    spec_node->set("num_points", "0").set("polygon_type", "1").set("maximum_points", "9");
+    spec_node->add_child(Fake_spec("Point").set("point_x", "4").set("point_y", "5"));
+    Swath_obj swath(spec_node);
     swath.set_by_spec(SCALE_AREA_ACTIVE);
     EXPECT_EQ(swath.get_num_points(), 0);
     EXPECT_EQ(swath.get_polygon_type(), 3);
@@ -122,8 +122,8 @@ TEST(Swath, spec_sizes_the_points_and_opens_the_polygon)
 
 TEST(Config, empty_page_bytes)
 {
-    auto* spec = new Fake_spec();
-    Config_page_obj page(spec);
+    auto* spec_node = new Fake_spec();
+    Config_page_obj page(spec_node);
     page.set_by_spec(SCALE_AREA_ACTIVE);
     EXPECT_EQ(test::hex(test::serialise_whole(page)), "FF FF F6 03 FF FF FF FF 00 FF FF FF FF FF FF 00 00");
 }

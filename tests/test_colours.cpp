@@ -12,8 +12,8 @@ namespace {
 class Painted_obj : public VT_obj
 {
 public:
-    explicit Painted_obj(Spec_node* spec)
-        : VT_obj(spec, TYPE_FILL_ATTRIBUTES, 2, aids, 1, every, NO_NAME, NULL_ID)
+    explicit Painted_obj(Spec_node* spec_node)
+        : VT_obj(spec_node, TYPE_FILL_ATTRIBUTES, 2, aids, 1, every, NO_NAME, NULL_ID)
     {
         set_table(aids, {class_type_attribute<TYPE_FILL_ATTRIBUTES>(), &fill_colour});
         set_table(every, {&fill_colour});
@@ -148,19 +148,19 @@ TEST(Palette, entries)
 
 TEST(Colour_set_by_spec, parse_now_or_queue)
 {
-    test::Fake_spec spec;
-    spec.set("fill", "Lime").set("line", "#00FF00").set("odd", "mauve").set(
+    test::Fake_spec spec_node;
+    spec_node.set("fill", "Lime").set("line", "#00FF00").set("odd", "mauve").set(
         "long", "a_colour_name_that_runs_far_past_thirty_one_characters");
     Attribute_colour fill(9, "fill");
-    EXPECT_EQ(fill._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    EXPECT_EQ(fill._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     EXPECT_EQ(fill.get(), 10);
     Attribute_colour line(0, "line");
-    EXPECT_EQ(line.set_by_spec(&spec, false), 1);
+    EXPECT_EQ(line.set_by_spec(&spec_node, false), 1);
     EXPECT_EQ(line.get(), 16 + 6 * 5);
 
     // Absent text: black, and false. No node: nothing changes.
     Attribute_colour absent(9, "absent");
-    EXPECT_EQ(absent._set_by_spec(&spec, SCALE_AREA_NONE), 0);
+    EXPECT_EQ(absent._set_by_spec(&spec_node, SCALE_AREA_NONE), 0);
     EXPECT_EQ(absent.get(), 0);
     Attribute_colour none(9, "none");
     EXPECT_EQ(none._set_by_spec(nullptr, SCALE_AREA_NONE), 0);
@@ -168,7 +168,7 @@ TEST(Colour_set_by_spec, parse_now_or_queue)
 
     test::Dprint_capture dprint;
     Attribute_colour odd(9, "odd");
-    EXPECT_EQ(odd.set_by_spec(&spec, false), 0);
+    EXPECT_EQ(odd.set_by_spec(&spec_node, false), 0);
     EXPECT_EQ(odd.get(), 0);
     EXPECT_EQ(dprint.text, "WARNING: Could not parse colour 'mauve'\n");
     EXPECT_EQ(Unresolved::unresolved.get_count(), 0);
@@ -176,27 +176,27 @@ TEST(Colour_set_by_spec, parse_now_or_queue)
     // Deferred: queued with a copy of the text and the node it came from.
     {
         Attribute_colour later(9, "odd");
-        EXPECT_EQ(later._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+        EXPECT_EQ(later._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
         EXPECT_EQ(later.get(), 0);
         ASSERT_EQ(Unresolved::unresolved.get_count(), 1);
         EXPECT_EQ(Unresolved::unresolved.get_head(), &later.get_node());
         EXPECT_STREQ(later.get_node().get_name(), "mauve");
-        EXPECT_EQ(later.get_node().get_spec_node(), &spec);
+        EXPECT_EQ(later.get_node().get_spec_node(), &spec_node);
         // Read again, it is still queued once; read as a colour, it leaves the queue.
-        EXPECT_EQ(later._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+        EXPECT_EQ(later._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
         EXPECT_EQ(Unresolved::unresolved.get_count(), 1);
-        EXPECT_EQ(later.set_by_spec(&spec, true), 1);
+        EXPECT_EQ(later.set_by_spec(&spec_node, true), 1);
         EXPECT_EQ(Unresolved::unresolved.get_count(), 1);
         test::Fake_spec plain;
         plain.set("odd", "yellow");
         EXPECT_EQ(later._set_by_spec(&plain, SCALE_AREA_NONE), 1);
         EXPECT_EQ(later.get(), 14);
         EXPECT_EQ(Unresolved::unresolved.get_count(), 0);
-        EXPECT_EQ(later._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+        EXPECT_EQ(later._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
         EXPECT_EQ(Unresolved::unresolved.get_count(), 1);
 
         Attribute_colour truncated(9, "long");
-        EXPECT_EQ(truncated._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+        EXPECT_EQ(truncated._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
         EXPECT_STREQ(truncated.get_node().get_name(), "a_colour_name_that_runs_far_pas");
         EXPECT_EQ(Unresolved::unresolved.get_count(), 2);
     }
@@ -281,12 +281,12 @@ TEST(Colour_set_by_spec, colours_that_name_attributes_of_other_objects)
         Attribute* aids[2];
         Attribute* every[1];
     } ws;
-    test::Fake_spec spec("Named_colour");
+    test::Fake_spec spec_node("Named_colour");
     test::Dprint_capture dprint;
     auto resolve = [&](const char* text, VT_obj* obj) {
-        spec.set("c", text);
+        spec_node.set("c", text);
         Attribute_colour c(0, "c");
-        c._set_by_spec(&spec, SCALE_AREA_NONE);
+        c._set_by_spec(&spec_node, SCALE_AREA_NONE);
         referenced = obj;
         target = Attribute_identifier<unsigned char>(1, 1);
         Unresolved::unresolved.resolve_colours(to_attribute);

@@ -130,28 +130,28 @@ TEST(Attribute_lists, count_attribute_enabled_and_disabled)
     EXPECT_EQ(count.deserialise(0, seven, 2, nullptr), 2);
     EXPECT_EQ(list.get_length(), 7u);
 
-    test::Fake_spec spec;
-    spec.set("num_macros", "2");
-    EXPECT_EQ(count._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    test::Fake_spec spec_node;
+    spec_node.set("num_macros", "2");
+    EXPECT_EQ(count._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     EXPECT_EQ(list.get_length(), 2u);
     Attribute_list_len<uint8_t> absent("absent", &list);
-    EXPECT_EQ(absent._set_by_spec(&spec, SCALE_AREA_NONE), 0);
+    EXPECT_EQ(absent._set_by_spec(&spec_node, SCALE_AREA_NONE), 0);
     EXPECT_EQ(list.get_length(), 2u);
 }
 
 TEST(Attribute_lists, set_by_spec_uses_the_item_filter)
 {
-    test::Fake_spec spec;
-    spec.shared().ids = {{"a", 10}, {"b", 11}};
+    test::Fake_spec spec_node;
+    spec_node.shared().ids = {{"a", 10}, {"b", 11}};
     VT::Base::Number_variable_obj a(10, "a", 0), b(11, "b", 0);
-    spec.shared().objects = {{"a", &a}, {"b", &b}};
-    spec.add_child(test::Fake_spec("Event_macro").set("event_id", "9").set("macro_id", "3"))
+    spec_node.shared().objects = {{"a", &a}, {"b", &b}};
+    spec_node.add_child(test::Fake_spec("Event_macro").set("event_id", "9").set("macro_id", "3"))
         .add_child(test::Fake_spec("Child").set("refs", "a"))
         .add_child(test::Fake_spec("Editable").set("object", "b"))
         .add_child(test::Fake_spec("Child").set("refs", "b"));
 
     Attribute_list<Attribute_event_macro> macros("event_macro");
-    EXPECT_TRUE(macros._set_by_spec(&spec, SCALE_AREA_NONE));
+    EXPECT_TRUE(macros._set_by_spec(&spec_node, SCALE_AREA_NONE));
     ASSERT_EQ(macros.get_length(), 1u);
     EXPECT_EQ(macros[0].get_event_id(), 9);
     EXPECT_EQ(macros[0].get_macro_id(), 3);
@@ -159,7 +159,7 @@ TEST(Attribute_lists, set_by_spec_uses_the_item_filter)
     // The Editable child carries no "refs" value: a NULL reference, silently.
     test::Stream_capture err(std::cerr);
     Attribute_list<Attribute_object_id> refs("refs");
-    EXPECT_TRUE(refs._set_by_spec(&spec, SCALE_AREA_ACTIVE));
+    EXPECT_TRUE(refs._set_by_spec(&spec_node, SCALE_AREA_ACTIVE));
     ASSERT_EQ(refs.get_length(), 3u);
     EXPECT_EQ(refs[0].get(), 10);
     EXPECT_EQ(refs[1].get(), 65535);
@@ -168,7 +168,7 @@ TEST(Attribute_lists, set_by_spec_uses_the_item_filter)
     EXPECT_EQ(err.str(), "");
 
     Attribute_list<Attribute_editable_object> editable("Editable");
-    EXPECT_TRUE(editable._set_by_spec(&spec, SCALE_AREA_NONE));
+    EXPECT_TRUE(editable._set_by_spec(&spec_node, SCALE_AREA_NONE));
     ASSERT_EQ(editable.get_length(), 1u);
     EXPECT_EQ(editable[0].get_oid(), 11);
 
@@ -182,13 +182,13 @@ TEST(Attribute_lists, set_by_spec_uses_the_item_filter)
 
 TEST(Attribute_lists, printing_and_source)
 {
-    test::Fake_spec spec;
-    spec.shared().ids = {{"first", 5}, {"second", 6}};
+    test::Fake_spec spec_node;
+    spec_node.shared().ids = {{"first", 5}, {"second", 6}};
     VT::Base::Number_variable_obj first(5, "first", 0), second(6, "second", 0);
-    spec.shared().objects = {{"first", &first}, {"second", &second}};
-    spec.add_child(test::Fake_spec("Child").set("refs", "first")).add_child(test::Fake_spec("Child").set("refs", "second"));
+    spec_node.shared().objects = {{"first", &first}, {"second", &second}};
+    spec_node.add_child(test::Fake_spec("Child").set("refs", "first")).add_child(test::Fake_spec("Child").set("refs", "second"));
     Attribute_list<Attribute_object_id> refs("refs");
-    refs._set_by_spec(&spec, SCALE_AREA_NONE);
+    refs._set_by_spec(&spec_node, SCALE_AREA_NONE);
 
     std::ostringstream code;
     refs.get_code_def("obj", code, 1);
@@ -264,12 +264,12 @@ TEST(Code_plane_ranges, byte_form_and_round_trip)
     EXPECT_EQ(set.num_bytes(), 9);
     EXPECT_EQ(test::attribute_bytes(set), (Bytes{0x00, 0x20, 0x00, 0x7E, 0x00, 0xA0, 0x00, 0xFF, 0x00}));
 
-    test::Fake_spec spec;
-    spec.set("first_char", "1").set("code_plane", "3");
-    EXPECT_FALSE(back._set_by_spec(&spec, SCALE_AREA_NONE));
+    test::Fake_spec spec_node;
+    spec_node.set("first_char", "1").set("code_plane", "3");
+    EXPECT_FALSE(back._set_by_spec(&spec_node, SCALE_AREA_NONE));
     EXPECT_TRUE(back == Attribute_code_plane_rangeset(0, 2, ranges));
     Attribute_code_plane_range range(4, 5);
-    EXPECT_FALSE(range._set_by_spec(&spec, SCALE_AREA_NONE));
+    EXPECT_FALSE(range._set_by_spec(&spec_node, SCALE_AREA_NONE));
     EXPECT_TRUE(range == Attribute_code_plane_range(4, 5));
 
     std::ostringstream code;

@@ -149,12 +149,12 @@ TEST(Variables, deserialise_failures_are_reported)
 
 TEST(Variables, set_by_spec_needs_every_value)
 {
-    auto* spec = new test::Fake_spec();
-    spec->set("value", "300");
-    Number_variable_obj n(spec);
+    auto* spec_node = new test::Fake_spec();
+    spec_node->set("value", "300");
+    Number_variable_obj n(spec_node);
     EXPECT_EQ(n.get_id(), 65535);
     EXPECT_STREQ(n.get_name(), "NO_NAME");
-    EXPECT_EQ(n.get_spec_node(), spec);
+    EXPECT_EQ(n.get_spec_node(), spec_node);
     EXPECT_EQ(n.get_value(), 0u);
     EXPECT_TRUE(n.set_by_spec(SCALE_AREA_NONE));
     EXPECT_EQ(n.get_value(), 300u);

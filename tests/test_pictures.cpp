@@ -416,11 +416,11 @@ TEST(Picture_geometry, scaling_keeps_wide_pictures_in_proportion)
 
 TEST(Picture_spec, built_from_a_spec_node)
 {
-    auto* spec = new test::Fake_spec();
-    spec->set("width", "6").set("actual_width", "3").set("actual_height", "2").set("format", "2");
-    spec->set("options", "1").set("transparency_colour", "red").set("num_bytes", "6");
-    spec->set("bytes", std::string("\x01\x00\x03\x04\x05\x06", 6));
-    Picture_graphic_obj pic(spec);
+    auto* spec_node = new test::Fake_spec();
+    spec_node->set("width", "6").set("actual_width", "3").set("actual_height", "2").set("format", "2");
+    spec_node->set("options", "1").set("transparency_colour", "red").set("num_bytes", "6");
+    spec_node->set("bytes", std::string("\x01\x00\x03\x04\x05\x06", 6));
+    Picture_graphic_obj pic(spec_node);
     {
         test::Stream_capture out(std::cout);
         pic.set_by_spec(SCALE_AREA_NONE);

@@ -63,7 +63,7 @@ TEST(PNG_obj, carries_a_png_file_and_decodes_it_on_demand)
             EXPECT_EQ(decoded.pixel(x, y), image.pixel(x, y));
     EXPECT_EQ(&obj.get_qimage(), &decoded);
 
-    // Read back into an object built from a spec node.
+    // Read back into an object built from a description node.
     PNG_obj back(new test::Fake_spec());
     Iso::Deserialise_results res;
     EXPECT_EQ(back.deserialise(0, whole.data() + 3, int(whole.size() - 3), &res), int(whole.size() - 3));

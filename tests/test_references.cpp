@@ -11,14 +11,14 @@ struct World
 {
     World()
     {
-        spec.shared().ids = {{"speed", 5}, {"label", 9}};
-        spec.shared().objects = {{"speed", &speed}, {"label", &label}};
+        spec_node.shared().ids = {{"speed", 5}, {"label", 9}};
+        spec_node.shared().objects = {{"speed", &speed}, {"label", &label}};
     }
-    test::Fake_spec node(const char* element = "node") { return test::Fake_spec(element, spec.world); }
+    test::Fake_spec node(const char* element = "node") { return test::Fake_spec(element, spec_node.world); }
 
     Number_variable_obj speed{5, "speed", 0};
     Number_variable_obj label{9, "label", 0};
-    test::Fake_spec spec;
+    test::Fake_spec spec_node;
 };
 
 }
@@ -29,25 +29,25 @@ TEST(Object_references, resolve_names_through_the_description)
     test::Stream_capture err(std::cerr);
 
     Attribute_object_id font("font");
-    w.spec.set("font", "speed");
-    EXPECT_EQ(font._set_by_spec(&w.spec, SCALE_AREA_SOFT_KEY), 1);
+    w.spec_node.set("font", "speed");
+    EXPECT_EQ(font._set_by_spec(&w.spec_node, SCALE_AREA_SOFT_KEY), 1);
     EXPECT_EQ(font.get(), 5);
     EXPECT_EQ(font.get_referenced_name(), "speed");
     EXPECT_EQ(w.speed.get_scale_area(), SCALE_AREA_SOFT_KEY);
 
     // "65535" names no object on purpose.
-    w.spec.set("font", "65535");
-    EXPECT_EQ(font._set_by_spec(&w.spec, SCALE_AREA_NONE), 1);
+    w.spec_node.set("font", "65535");
+    EXPECT_EQ(font._set_by_spec(&w.spec_node, SCALE_AREA_NONE), 1);
     EXPECT_EQ(font.get(), 65535);
     EXPECT_TRUE(font.get_referenced_name().isEmpty());
     EXPECT_EQ(err.str(), "");
-    EXPECT_EQ(w.spec.shared().unresolved, 0);
+    EXPECT_EQ(w.spec_node.shared().unresolved, 0);
 
     // An unknown name: the host's hook first, then the warning.
-    w.spec.set("font", "nowhere");
-    EXPECT_EQ(font._set_by_spec(&w.spec, SCALE_AREA_NONE), 0);
+    w.spec_node.set("font", "nowhere");
+    EXPECT_EQ(font._set_by_spec(&w.spec_node, SCALE_AREA_NONE), 0);
     EXPECT_EQ(font.get(), 65535);
-    EXPECT_EQ(w.spec.shared().unresolved, 1);
+    EXPECT_EQ(w.spec_node.shared().unresolved, 1);
     EXPECT_EQ(err.str(), "!WARNING! Attribute 'font' refers to non-existant object 'nowhere'\n");
 
     // No node: nothing changes.
@@ -55,7 +55,7 @@ TEST(Object_references, resolve_names_through_the_description)
     EXPECT_EQ(kept._set_by_spec(nullptr, SCALE_AREA_NONE), 0);
     EXPECT_EQ(kept.get(), 7);
     // No value and no attr_ child: NULL, and false.
-    EXPECT_EQ(kept._set_by_spec(&w.spec, SCALE_AREA_NONE), 0);
+    EXPECT_EQ(kept._set_by_spec(&w.spec_node, SCALE_AREA_NONE), 0);
     EXPECT_EQ(kept.get(), 65535);
 }
 
@@ -273,10 +273,10 @@ TEST(Points, byte_form_set_by_spec_and_source)
     EXPECT_EQ(test::attribute_bytes(pt), (Bytes{0x02, 0x01, 0xB0, 0xA0}));
     EXPECT_EQ(test::attribute_in_pieces(pt, 3), (Bytes{0x02, 0x01, 0xB0, 0xA0}));
 
-    test::Fake_spec spec;
-    spec.set("point_x", "10").set("point_y", "20");
+    test::Fake_spec spec_node;
+    spec_node.set("point_x", "10").set("point_y", "20");
     Attribute_point read;
-    EXPECT_EQ(read._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    EXPECT_EQ(read._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     EXPECT_TRUE(read == Attribute_point(10, 20));
     test::Fake_spec half;
     half.set("point_x", "3");
@@ -307,9 +307,9 @@ TEST(Event_macros, byte_form_set_by_spec_and_printing)
     EXPECT_EQ(m.deserialise(0, two, 2, nullptr), 2);
     EXPECT_EQ(m.get_macro_id(), 8);
 
-    test::Fake_spec spec;
-    spec.set("event_id", "3").set("macro_id", "4");
-    EXPECT_EQ(m._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    test::Fake_spec spec_node;
+    spec_node.set("event_id", "3").set("macro_id", "4");
+    EXPECT_EQ(m._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     test::Fake_spec half;
     half.set("event_id", "5");
     EXPECT_EQ(m._set_by_spec(&half, SCALE_AREA_NONE), 0);
@@ -365,12 +365,12 @@ TEST(Languages_and_labels, byte_forms_and_source)
 
     World w;
     test::Stream_capture err(std::cerr);
-    w.spec.set("labelled_object", "speed").set("string_variable", "label").set("font_type", "2").set(
+    w.spec_node.set("labelled_object", "speed").set("string_variable", "label").set("font_type", "2").set(
         "graphic_representation", "65535");
-    EXPECT_EQ(read._set_by_spec(&w.spec, SCALE_AREA_NONE), 1);
+    EXPECT_EQ(read._set_by_spec(&w.spec_node, SCALE_AREA_NONE), 1);
     EXPECT_TRUE(read == Attribute_labelref(5, 9, 2, 65535));
-    w.spec.set("graphic_representation", "ghost");
-    EXPECT_EQ(read._set_by_spec(&w.spec, SCALE_AREA_NONE), 0);
+    w.spec_node.set("graphic_representation", "ghost");
+    EXPECT_EQ(read._set_by_spec(&w.spec_node, SCALE_AREA_NONE), 0);
     EXPECT_EQ(err.str(), "!WARNING! Attribute 'graphic_representation' refers to non-existant object 'ghost'\n");
 }
 
@@ -386,9 +386,9 @@ TEST(Identifiers_and_editables, have_no_byte_form)
         EXPECT_EQ(a->deserialise(0, out, 4, nullptr), 0);
     }
     EXPECT_EQ(out[0], 0xEE);
-    test::Fake_spec spec;
-    spec.set("identifier", "9");
-    EXPECT_EQ(small._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    test::Fake_spec spec_node;
+    spec_node.set("identifier", "9");
+    EXPECT_EQ(small._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     EXPECT_EQ(small.get_identifier(), 3);
     EXPECT_STREQ(Attribute_identifier<unsigned char>::search_string(), "!Event_macro");
     EXPECT_STREQ(Attribute_editable_object::search_string(), "Editable");
@@ -441,6 +441,6 @@ TEST(Identifiers_and_editables, editable_set_by_spec)
     unknown.set("object", "ghost");
     EXPECT_EQ(e._set_by_spec(&unknown, SCALE_AREA_NONE), 0);
     EXPECT_EQ(e.get_oid(), 65535);
-    EXPECT_EQ(w.spec.shared().unresolved, 1);
+    EXPECT_EQ(w.spec_node.shared().unresolved, 1);
     EXPECT_EQ(err.str(), "!WARNING!  Object placement refers to non-existant object 'ghost'\n");
 }

@@ -167,40 +167,40 @@ TEST(Scalar_attributes, float_deserialise_leaves_its_mark_in_the_input)
 
 TEST(Scalar_attributes, set_by_spec_reads_own_name_and_clamps)
 {
-    test::Fake_spec spec;
-    spec.set("level", "250").set("offset", "-5").set("mask", "0x1F").set("zoom", "2.5").set("huge", "0x100000003");
+    test::Fake_spec spec_node;
+    spec_node.set("level", "250").set("offset", "-5").set("mask", "0x1F").set("zoom", "2.5").set("huge", "0x100000003");
 
     test::Stream_capture err(std::cerr);
     Attribute_uint8 level(0, 200, 7, "level");
-    EXPECT_EQ(level._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    EXPECT_EQ(level._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     EXPECT_EQ(level.get(), 200);
     EXPECT_EQ(err.str(), "WARNING: attempt to set 'level' to 250, maximum is 200\n");
 
     Attribute_int8 offset(-3, 3, "offset");
-    EXPECT_EQ(offset._set_by_spec(&spec, SCALE_AREA_ACTIVE), 1);
+    EXPECT_EQ(offset._set_by_spec(&spec_node, SCALE_AREA_ACTIVE), 1);
     EXPECT_EQ(offset.get(), -3);
     EXPECT_EQ(err.str(), "WARNING: attempt to set 'level' to 250, maximum is 200\n"
                          "WARNING: attempt to set 'offset' to -5, minimum is -3\n");
 
     Attribute_uint16 mask(0, 65535, "mask");
-    EXPECT_EQ(mask._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    EXPECT_EQ(mask._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     EXPECT_EQ(mask.get(), 0x1F);
 
     Attribute_uint64 huge(0, std::numeric_limits<uint64_t>::max(), "huge");
-    EXPECT_EQ(huge._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    EXPECT_EQ(huge._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     EXPECT_EQ(huge.get(), 0x100000003u);
 
     Attribute_float zoom("zoom", 1.0f);
-    EXPECT_EQ(zoom._set_by_spec(&spec, SCALE_AREA_NONE), 1);
+    EXPECT_EQ(zoom._set_by_spec(&spec_node, SCALE_AREA_NONE), 1);
     EXPECT_EQ(zoom.get(), 2.5f);
 
     // Absent value or absent node: nothing changes.
     Attribute_uint32 missing(0, 10, 4, "missing");
-    EXPECT_EQ(missing._set_by_spec(&spec, SCALE_AREA_NONE), 0);
+    EXPECT_EQ(missing._set_by_spec(&spec_node, SCALE_AREA_NONE), 0);
     EXPECT_EQ(missing.get(), 4u);
     EXPECT_EQ(missing._set_by_spec(nullptr, SCALE_AREA_NONE), 0);
     Attribute_float no_zoom("nothing", 3.0f);
-    EXPECT_EQ(no_zoom._set_by_spec(&spec, SCALE_AREA_NONE), 0);
+    EXPECT_EQ(no_zoom._set_by_spec(&spec_node, SCALE_AREA_NONE), 0);
     EXPECT_EQ(no_zoom.get(), 3.0f);
 }
 

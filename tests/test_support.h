@@ -21,7 +21,7 @@ namespace test {
 
 using Bytes = std::vector<uint8_t>;
 
-// A spec node whose values are texts; numbers are parsed from them with automatic base.
+// A description node whose values are texts; numbers are parsed from them with automatic base.
 class Fake_spec : public Spec_node
 {
 public:

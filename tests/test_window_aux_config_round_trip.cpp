@@ -1,5 +1,5 @@
 // Byte round trips of the window, palette, auxiliary, field and configuration objects: each
-// class is built once from values and once from a spec node describing the same object; both must
+// class is built once from values and once from a description node describing the same object; both must
 // give the expected bytes, whole and in 1-byte pieces, and the bytes must read back into a
 // fresh object that writes them out again unchanged.
 
@@ -61,7 +61,7 @@ struct Row
 {
     const char* label;
     std::function<std::unique_ptr<VT_obj>(Targets&)> from_values;
-    // Describes the same object in a spec node (which carries the targets' world).
+    // Describes the same object in a description node (which carries the targets' world).
     std::function<void(Fake_spec&, Targets&)> describe;
     std::function<std::unique_ptr<VT_obj>(Spec_node*)> from_spec;
     const char* expected;
@@ -296,7 +296,7 @@ const std::vector<Row>& rows()
     return table;
 }
 
-// Reads `bytes` (a whole serialised object) into a fresh object built from an empty spec node.
+// Reads `bytes` (a whole serialised object) into a fresh object built from an empty description node.
 int read_into(const Row& row, std::unique_ptr<VT_obj>& fresh, const Bytes& bytes, size_t keep)
 {
     fresh = row.from_spec(new Fake_spec());
@@ -325,12 +325,12 @@ TEST(Window_aux_config_round_trip, every_class_from_values_and_from_spec)
         EXPECT_EQ(test::hex(test::serialise_in_pieces(*built, 1)), row.expected);
         EXPECT_EQ(test::hex(test::serialise_in_pieces(*built, 5)), row.expected);
 
-        auto* spec = new Fake_spec("object", targets.world());
-        row.describe(*spec, targets);
-        std::unique_ptr<VT_obj> specced = row.from_spec(spec);
+        auto* spec_node = new Fake_spec("object", targets.world());
+        row.describe(*spec_node, targets);
+        std::unique_ptr<VT_obj> specced = row.from_spec(spec_node);
         specced->set_by_spec(SCALE_AREA_ACTIVE);
         specced->set_id(built->get_id());
-        EXPECT_EQ(test::hex(test::serialise_whole(*specced)), row.expected) << "built from the spec";
+        EXPECT_EQ(test::hex(test::serialise_whole(*specced)), row.expected) << "built from the description";
         EXPECT_EQ(specced->num_bytes(), int(expected.size()));
 
         std::unique_ptr<VT_obj> fresh;

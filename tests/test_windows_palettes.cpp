@@ -17,14 +17,14 @@ Fake_spec placed(const char* object)
     return s;
 }
 
-// An animation named "anim" built from the spec node `spec`, with the objects "a" (id 1) and
+// An animation named "anim" built from the description node `spec_node`, with the objects "a" (id 1) and
 // "b" (id 2) known.
-std::unique_ptr<Animation_obj> animation(Fake_spec spec)
+std::unique_ptr<Animation_obj> animation(Fake_spec spec_node)
 {
     static Number_variable_obj a(1, "a", 0), b(2, "b", 0);
-    spec.shared().ids = {{"a", 1}, {"b", 2}};
-    spec.shared().objects = {{"a", &a}, {"b", &b}};
-    auto obj = std::make_unique<Animation_obj>(new Fake_spec(spec));
+    spec_node.shared().ids = {{"a", 1}, {"b", 2}};
+    spec_node.shared().objects = {{"a", &a}, {"b", &b}};
+    auto obj = std::make_unique<Animation_obj>(new Fake_spec(spec_node));
     obj->set_name("anim");
     return obj;
 }
@@ -88,9 +88,9 @@ TEST(Animation, finds_and_justifies_its_children)
 TEST(Graphics_context, zoom_is_a_float_and_sizes_stop_at_32767)
 {
     test::Stream_capture err(std::cerr);
-    Fake_spec* spec = new Fake_spec();
-    spec->set("viewport_zoom", "1.5").set("viewport_width", "40000").set("viewport_x", "-32768");
-    Graphics_context_obj gc(spec);
+    Fake_spec* spec_node = new Fake_spec();
+    spec_node->set("viewport_zoom", "1.5").set("viewport_width", "40000").set("viewport_x", "-32768");
+    Graphics_context_obj gc(spec_node);
     gc.set_by_spec(SCALE_AREA_ACTIVE);
     EXPECT_FLOAT_EQ(gc.get_viewport_zoom(), 1.5f);
     EXPECT_EQ(gc.get_viewport_width(), 32767);

@@ -7,9 +7,9 @@ namespace VT {
 namespace {
 
 template <class X>
-VT_obj* make(Spec_node* spec)
+VT_obj* make(Spec_node* spec_node)
 {
-    return new X(spec);
+    return new X(spec_node);
 }
 
 #define VT_CLASS(TYPE, CLASS) {VT_obj_type::TYPE, &make<Base::CLASS>, true}

@@ -16,7 +16,7 @@ public:
     struct Entry
     {
         VT_obj_type::type_t type; // full type (configuration objects carry their extended type)
-        VT_obj* (*make)(Spec_node* spec);
+        VT_obj* (*make)(Spec_node* spec_node);
         bool in_pool_files;       // false: built only from descriptions (travels as another type)
         const char* name() const { return VT_obj_type::get_type_string(type); }
     };

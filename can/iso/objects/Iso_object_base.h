@@ -314,7 +314,7 @@ void Iso_object_base<T, A, I>::attribute_null_check(const I& a) const
     exit(-122);
 }
 
-// Adds a fixed-size name, used for printing, dumps, generated source and spec look-ups.
+// Adds a fixed-size name, used for printing, dumps, generated source and description look-ups.
 template <class TYPE_OBJ, class ATTR_OBJ, class ID_OBJ>
 class Iso_object : public Iso_object_base<TYPE_OBJ, ATTR_OBJ, ID_OBJ>
 {

@@ -9,7 +9,7 @@
 
 namespace VT {
 
-// Base of every VT attribute: adds the type code, spec input and the limits-aware serialise.
+// Base of every VT attribute: adds the type code, description input and the limits-aware serialise.
 class Attribute : public Iso::Attribute
 {
 public:
@@ -49,8 +49,8 @@ public:
     // "Type: <code>\tName: <name>", no indentation, no line end.
     void print_basic(std::ostream& os, int indent) const override;
     virtual atype get_type() const = 0;
-    // Reads the attribute's value from a spec node; nonzero when the node supplied one.
-    virtual int _set_by_spec(Spec_node* spec, scale_area_t area) = 0;
+    // Reads the attribute's value from a description node; nonzero when the node supplied one.
+    virtual int _set_by_spec(Spec_node* spec_node, scale_area_t area) = 0;
     // Serialise for a terminal; attributes whose form depends on the terminal override it.
     virtual int serialise(const Serialisation_limits* limits, int offset, uint8_t* buf, int len) const;
 };

@@ -9,16 +9,16 @@
 namespace VT {
 
 template <typename T>
-int Attribute_array<T>::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_array<T>::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    if (!spec)
+    if (!spec_node)
         return false;
-    int bytes = spec->get_value_length(name, area);
+    int bytes = spec_node->get_value_length(name, area);
     if (bytes <= 0)
         return false;
     uint32_t n = uint32_t(bytes) / uint32_t(WIDTH);
     // One spare element takes the zero that the text copy writes after the value.
-    if (!allocate(n) || !spec->get_text(reinterpret_cast<char*>(buf), int(n * WIDTH + WIDTH), name)) {
+    if (!allocate(n) || !spec_node->get_text(reinterpret_cast<char*>(buf), int(n * WIDTH + WIDTH), name)) {
         std::cerr << "Tried to spec array and failed" << name << std::endl;
         return false;
     }
@@ -208,17 +208,17 @@ int Attribute_array_char::num_rows(int width, bool wrap, bool hyphen_wrap) const
     return rows;
 }
 
-int Attribute_array_char::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_array_char::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    if (!spec || !spec->has_value(name, area))
+    if (!spec_node || !spec_node->has_value(name, area))
         return false;
-    int len = spec->get_value_length(name, area);
+    int len = spec_node->get_value_length(name, area);
     if (len < 0)
         return false;
     char* text = new (std::nothrow) char[size_t(len) + 1]();
     if (!text)
         return false;
-    int r = spec->get_text(text, len + 1, name);
+    int r = spec_node->get_text(text, len + 1, name);
     if (!r) {
         delete[] text;
         return false;
@@ -261,17 +261,17 @@ void Attribute_array_char::get_code_body_item(std::ostream& os, unsigned int i)
     os << text;
 }
 
-int Attribute_array_object_id::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_array_object_id::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    if (!spec)
+    if (!spec_node)
         return false;
-    int n = spec->count_children("!Event_macro");
+    int n = spec_node->count_children("!Event_macro");
     if (n < 0)
         n = 0;
     std::vector<Attribute_object_id> ids;
     ids.reserve(size_t(n));
     for (int i = 0; i < n; ++i) {
-        Spec_node* child = spec->get_child(i, "!Event_macro");
+        Spec_node* child = spec_node->get_child(i, "!Event_macro");
         if (!child)
             break;
         ids.emplace_back("id");

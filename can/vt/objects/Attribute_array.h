@@ -177,7 +177,7 @@ public:
         return consumed;
     }
 
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void print_me(std::ostream& os, int indent) const override
     {
         print_indent(os, indent);
@@ -273,7 +273,7 @@ public:
     // The text, or an empty string when there is none.
     const char* c_str() const { return buf && held ? buf : ""; }
 
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void print_me(std::ostream& os, int indent) const override;
     void get_code_body_item(std::ostream& os, unsigned int i) override;
 
@@ -283,13 +283,13 @@ private:
     void walk(F f) const;
 };
 
-// Object ids resolved from a spec node's children; keeps each referenced object's name
+// Object ids resolved from a description node's children; keeps each referenced object's name
 // for generated source.
 class Attribute_array_object_id : public Attribute_array<unsigned short>
 {
 public:
     using Attribute_array<unsigned short>::Attribute_array;
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void get_code_body_item(std::ostream& os, unsigned int i) override;
     const QList<QByteArray>& get_names() const { return names; }
 

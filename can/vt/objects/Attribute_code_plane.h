@@ -27,7 +27,7 @@ public:
     int serialise(int offset, uint8_t* buf, int len) const override;
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     atype get_type() const override { return ATTR_CODE_PLANE_RANGE; }
-    // Ranges come from bytes or code, never from a spec.
+    // Ranges come from bytes or code, never from a description.
     int _set_by_spec(Spec_node*, scale_area_t) override { return false; }
     void print_me(std::ostream& os, int indent) const override;
     void get_code_def_for_list(const char* prefix, std::ostream& os, int indent);

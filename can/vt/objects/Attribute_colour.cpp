@@ -56,8 +56,8 @@ void Attribute_node::set_resolved_colour(unsigned char colour)
 bool Attribute_node::set_attribute(Attribute_identifier<unsigned char>& target, VT_obj* obj)
 {
     char description[256] = "";
-    if (spec)
-        spec->describe(description, 256);
+    if (spec_node)
+        spec_node->describe(description, 256);
     description[255] = 0;
     if (!obj) {
         Debug_print::dprint("WARNING: Could not find object %s\n", description);
@@ -223,13 +223,13 @@ unsigned char Attribute_colour::remap_colour(unsigned char c, format_t f)
     return 1;
 }
 
-int Attribute_colour::set_by_spec(Spec_node* spec, bool defer)
+int Attribute_colour::set_by_spec(Spec_node* spec_node, bool defer)
 {
-    if (!spec)
+    if (!spec_node)
         return false;
     *this = uint8_t(0);
     char text[32];
-    if (!spec->get_text(text, sizeof text, name))
+    if (!spec_node->get_text(text, sizeof text, name))
         return false;
     text[31] = 0;
     unsigned char index;
@@ -243,7 +243,7 @@ int Attribute_colour::set_by_spec(Spec_node* spec, bool defer)
         return true;
     }
     if (defer) {
-        node.set_spec_node(spec);
+        node.set_spec_node(spec_node);
         node.add_to_unresolved_list(text);
         return true;
     }

@@ -36,8 +36,8 @@ class Attribute_node : public Node
 public:
     explicit Attribute_node(Attribute_colour* attribute) : attribute(attribute) {}
     ~Attribute_node() override;
-    Spec_node* get_spec_node() const { return spec; }
-    void set_spec_node(Spec_node* s) { spec = s; }
+    Spec_node* get_spec_node() const { return spec_node; }
+    void set_spec_node(Spec_node* s) { spec_node = s; }
     Attribute_colour* get_attribute() const { return attribute; }
     void rebind(Attribute_colour* a) { attribute = a; }
     virtual void set_resolved_colour(unsigned char colour);
@@ -46,7 +46,7 @@ public:
 
 private:
     Attribute_colour* attribute;
-    Spec_node* spec = nullptr;
+    Spec_node* spec_node = nullptr;
 };
 
 template <class N>
@@ -74,7 +74,7 @@ Node* end_marker();
 
 }
 
-// A palette index (1 byte) that may be given in a spec by name, number or "#rrggbb".
+// A palette index (1 byte) that may be given in a description by name, number or "#rrggbb".
 class Attribute_colour : public Attribute_uint8
 {
 public:
@@ -100,8 +100,8 @@ public:
     // The colour shown on a terminal of colour depth `format`.
     static unsigned char remap_colour(unsigned char colour, format_t format);
 
-    int set_by_spec(Spec_node* spec, bool defer);
-    int _set_by_spec(Spec_node* spec, scale_area_t) override { return set_by_spec(spec, true); }
+    int set_by_spec(Spec_node* spec_node, bool defer);
+    int _set_by_spec(Spec_node* spec_node, scale_area_t) override { return set_by_spec(spec_node, true); }
     atype get_type() const override { return ATTR_COLOUR; }
     using Attribute_uint8::serialise;
     int serialise(const Serialisation_limits* limits, int offset, uint8_t* buf, int len) const override;

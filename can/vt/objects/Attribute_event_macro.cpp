@@ -19,10 +19,10 @@ int Attribute_event_macro::deserialise(int offset, uint8_t* buf, int len, Iso::D
     return deserialise_members({&event_id, &macro_id}, offset, buf, len, res);
 }
 
-int Attribute_event_macro::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_event_macro::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    int e = event_id._set_by_spec(spec, area);
-    int m = macro_id._set_by_spec(spec, area);
+    int e = event_id._set_by_spec(spec_node, area);
+    int m = macro_id._set_by_spec(spec_node, area);
     return e && m;
 }
 
@@ -61,10 +61,10 @@ int Attribute_lang::deserialise(int offset, uint8_t* buf, int len, Iso::Deserial
     return deserialise_members({&byte_1, &byte_2}, offset, buf, len, res);
 }
 
-int Attribute_lang::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_lang::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    int a = byte_1._set_by_spec(spec, area);
-    int b = byte_2._set_by_spec(spec, area);
+    int a = byte_1._set_by_spec(spec_node, area);
+    int b = byte_2._set_by_spec(spec_node, area);
     return a && b;
 }
 
@@ -98,12 +98,12 @@ int Attribute_labelref::deserialise(int offset, uint8_t* buf, int len, Iso::Dese
                                buf, len, res);
 }
 
-int Attribute_labelref::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_labelref::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    int a = labelled_object._set_by_spec(spec, area);
-    int b = string_variable._set_by_spec(spec, area);
-    int c = font_type._set_by_spec(spec, area);
-    int d = graphic_representation._set_by_spec(spec, area);
+    int a = labelled_object._set_by_spec(spec_node, area);
+    int b = string_variable._set_by_spec(spec_node, area);
+    int c = font_type._set_by_spec(spec_node, area);
+    int d = graphic_representation._set_by_spec(spec_node, area);
     return a && b && c && d;
 }
 
@@ -127,22 +127,22 @@ void Attribute_labelref::get_code_valref_for_list(const char*, std::ostream& os)
        << graphic_representation.get();
 }
 
-int Attribute_editable_object::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_editable_object::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    if (!spec)
+    if (!spec_node)
         return false;
     char text[256];
-    int r = spec->get_text(text, sizeof text, "object");
+    int r = spec_node->get_text(text, sizeof text, "object");
     if (!r)
         return true;
     text[255] = 0;
-    oid = spec->lookup_object_id(text);
+    oid = spec_node->lookup_object_id(text);
     if (oid == 65535) {
-        spec->report_unresolved();
+        spec_node->report_unresolved();
         std::cerr << "!WARNING!  Object placement refers to non-existant object '" << text << "'" << std::endl;
         return false;
     }
-    check_named_object(spec, text, area);
+    check_named_object(spec_node, text, area);
     return r;
 }
 

@@ -23,7 +23,7 @@ public:
     int serialise(int offset, uint8_t* buf, int len) const override;
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     atype get_type() const override { return ATTR_EVENT_MACRO; }
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void print_basic(std::ostream& os, int indent) const override;
     void print_me(std::ostream& os, int indent) const override;
     void get_code_def_for_list(const char* prefix, std::ostream& os, int indent);
@@ -52,7 +52,7 @@ public:
     int serialise(int offset, uint8_t* buf, int len) const override;
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     atype get_type() const override { return ATTR_LANG; }
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void print_me(std::ostream& os, int indent) const override;
     void get_code_def_for_list(const char* prefix, std::ostream& os, int indent);
     void get_code_valref_for_list(const char* prefix, std::ostream& os);
@@ -90,7 +90,7 @@ public:
     int serialise(int offset, uint8_t* buf, int len) const override;
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     atype get_type() const override { return ATTR_LABELREF; }
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void print_me(std::ostream& os, int indent) const override;
     void get_code_def_for_list(const char* prefix, std::ostream& os, int indent);
     void get_code_valref_for_list(const char* prefix, std::ostream& os);
@@ -148,7 +148,7 @@ public:
     int serialise(int, uint8_t*, int) const override { return 0; }
     int deserialise(int, uint8_t*, int, Iso::Deserialise_results*) override { return 0; }
     atype get_type() const override { return ATTR_EDITABLE_OBJECT; }
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void get_code_def_for_list(const char*, std::ostream& os, int indent)
     {
         code_indent_attr(os, indent);

@@ -153,22 +153,22 @@ public:
         return total;
     }
 
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override
     {
         items.reset();
         allocated = 0;
         set_counters(0);
-        if (!spec)
+        if (!spec_node)
             return false;
         const char* filter = detail::Search_string<T>::get();
-        int n = spec->count_children(filter);
+        int n = spec_node->count_children(filter);
         if (n <= 0)
             return true;
         items.reset(new T[size_t(n)]);
         allocated = uint32_t(n);
         uint32_t set = 0;
         for (int i = 0; i < n; ++i) {
-            Spec_node* child = spec->get_child(i, filter);
+            Spec_node* child = spec_node->get_child(i, filter);
             if (!child)
                 break;
             items[set].construct(name);
@@ -329,12 +329,12 @@ public:
             list->set_counters(v);
         return WIDTH;
     }
-    int _set_by_spec(Spec_node* spec, scale_area_t) override
+    int _set_by_spec(Spec_node* spec_node, scale_area_t) override
     {
-        if (!spec)
+        if (!spec_node)
             return false;
         W v = 0;
-        int r = get_from_spec(spec, &v);
+        int r = get_from_spec(spec_node, &v);
         if (!r)
             return r;
         if (list)

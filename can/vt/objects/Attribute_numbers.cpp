@@ -46,11 +46,11 @@ void Attribute_float::print_me(std::ostream& os, int indent) const
     os << " Value: " << value << std::endl;
 }
 
-int Attribute_float::_set_by_spec(Spec_node* spec, scale_area_t)
+int Attribute_float::_set_by_spec(Spec_node* spec_node, scale_area_t)
 {
-    if (!spec)
+    if (!spec_node)
         return 0;
-    return spec->get_float(&value, name);
+    return spec_node->get_float(&value, name);
 }
 
 template class Attribute_numbers_template<uint8_t, Attribute::ATTR_UINT8>;

@@ -122,12 +122,12 @@ public:
 
     atype get_type() const override { return ATYPE; }
 
-    int _set_by_spec(Spec_node* spec, scale_area_t) override
+    int _set_by_spec(Spec_node* spec_node, scale_area_t) override
     {
-        if (!spec)
+        if (!spec_node)
             return 0;
         T v = value;
-        int r = get_from_spec(spec, &v);
+        int r = get_from_spec(spec_node, &v);
         if (r == 0)
             return 0;
         *this = v;
@@ -198,7 +198,7 @@ public:
     void get_code_valref(const char* prefix, std::ostream& os, int indent) override;
     void print_me(std::ostream& os, int indent) const override;
     atype get_type() const override { return ATTR_FLOAT; }
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
 
 private:
     float value;

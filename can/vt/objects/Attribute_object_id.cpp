@@ -31,17 +31,17 @@ void check_named_object(Spec_node* node, const char* name, scale_area_t area)
     obj->unlock();
 }
 
-int Attribute_object_id::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_object_id::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    if (!spec)
+    if (!spec_node)
         return false;
     value = 65535;
     const char* key = name;
     if (name && (strcmp(name, "child_objects") == 0 || strcmp(name, "layers") == 0)) {
         key = "object";
         char probe[256];
-        if (!spec->get_text(probe, sizeof probe, "object")) {
-            if (VT_obj* obj = adopt_inline_object(spec, area)) {
+        if (!spec_node->get_text(probe, sizeof probe, "object")) {
+            if (VT_obj* obj = adopt_inline_object(spec_node, area)) {
                 value = obj->__get_id();
                 referenced_name = obj->VT_obj_base::get_name();
                 return true;
@@ -51,27 +51,27 @@ int Attribute_object_id::_set_by_spec(Spec_node* spec, scale_area_t area)
         }
     }
     char text[256];
-    int r = spec->get_text(text, sizeof text, key);
+    int r = spec_node->get_text(text, sizeof text, key);
     if (r) {
         text[255] = 0;
         referenced_name = text;
-        value = spec->lookup_object_id(text);
+        value = spec_node->lookup_object_id(text);
         if (strcmp(text, "65535") == 0) {
             referenced_name.clear();
             return r;
         }
         if (value != 65535) {
-            check_named_object(spec, text, area);
+            check_named_object(spec_node, text, area);
             return r;
         }
-        spec->report_unresolved();
+        spec_node->report_unresolved();
         std::cerr << "!WARNING! Attribute '" << (name ? name : "") << "' refers to non-existant object '" << text
                   << "'" << std::endl;
         return false;
     }
     char child_name[256];
     snprintf(child_name, sizeof child_name, "attr_%s", name ? name : "");
-    Spec_node* outer = spec->get_child(0, child_name);
+    Spec_node* outer = spec_node->get_child(0, child_name);
     if (!outer)
         return false;
     Spec_node* inner = outer->get_child(0, nullptr);

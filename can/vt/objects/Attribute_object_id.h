@@ -9,7 +9,7 @@ namespace VT {
 
 class VT_obj;
 
-// A reference to another object of the pool by id; keeps the referenced object's spec name
+// A reference to another object of the pool by id; keeps the referenced object's description name
 // so that generated source can name it.
 class Attribute_object_id : public Attribute_uint16
 {
@@ -30,7 +30,7 @@ public:
     }
 
     atype get_type() const override { return ATTR_OBJECT_ID; }
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void print_me(std::ostream& os, int indent) const override;
     void get_code_valref(const char* prefix, std::ostream& os, int indent) override;
     void get_code_def_for_list(const char* prefix, std::ostream& os, int indent);

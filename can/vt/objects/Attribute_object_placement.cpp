@@ -63,25 +63,25 @@ uint8_t Attribute_object_placement::parse_justification(const char* text)
     return 0;
 }
 
-int Attribute_object_placement::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_object_placement::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    if (!spec)
+    if (!spec_node)
         return false;
     object_id = 65535;
-    int rx = x_location._set_by_spec(spec, area);
-    int ry = y_location._set_by_spec(spec, area);
+    int rx = x_location._set_by_spec(spec_node, area);
+    int ry = y_location._set_by_spec(spec_node, area);
     char text[256];
-    if (spec->get_text(text, sizeof text, "justification")) {
+    if (spec_node->get_text(text, sizeof text, "justification")) {
         text[255] = 0;
         justification = parse_justification(text);
     }
-    if (spec->get_text(text, sizeof text, "object")) {
+    if (spec_node->get_text(text, sizeof text, "object")) {
         text[255] = 0;
-        object_id = spec->lookup_object_id(text);
+        object_id = spec_node->lookup_object_id(text);
         referenced_name = text;
         return rx && ry;
     }
-    Spec_node* child = spec->get_child(0, nullptr);
+    Spec_node* child = spec_node->get_child(0, nullptr);
     VT_obj* obj = adopt_inline_object(child, area);
     delete child;
     if (!obj)
@@ -142,10 +142,10 @@ int Attribute_point::deserialise(int offset, uint8_t* buf, int len, Iso::Deseria
     return deserialise_members({&point_x, &point_y}, offset, buf, len, res);
 }
 
-int Attribute_point::_set_by_spec(Spec_node* spec, scale_area_t area)
+int Attribute_point::_set_by_spec(Spec_node* spec_node, scale_area_t area)
 {
-    int rx = point_x._set_by_spec(spec, area);
-    int ry = point_y._set_by_spec(spec, area);
+    int rx = point_x._set_by_spec(spec_node, area);
+    int ry = point_y._set_by_spec(spec_node, area);
     return rx && ry;
 }
 

@@ -49,7 +49,7 @@ public:
     int serialise(int offset, uint8_t* buf, int len) const override;
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     atype get_type() const override { return ATTR_OBJECT_PLACEMENT; }
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void print_me(std::ostream& os, int indent) const override;
     void get_code_def_for_list(const char* prefix, std::ostream& os, int indent);
     void get_code_valref_for_list(const char* prefix, std::ostream& os);
@@ -82,7 +82,7 @@ public:
     int serialise(int offset, uint8_t* buf, int len) const override;
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     atype get_type() const override { return ATTR_POINT; }
-    int _set_by_spec(Spec_node* spec, scale_area_t area) override;
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
     void print_me(std::ostream& os, int indent) const override;
     void get_code_def_for_list(const char* prefix, std::ostream& os, int indent);
     void get_code_valref_for_list(const char* prefix, std::ostream& os);

@@ -19,7 +19,7 @@ const char* const VT_obj::NO_NAME = "NO_NAME";
 VT_obj::VT_obj(uint16_t id, type_t type, uint8_t aid_count, Attribute** aid_table, uint8_t every_count,
                Attribute** every_table, uint8_t macro_value, Attribute_list<Attribute_event_macro>* macros,
                const char* name)
-    : VT_obj_base(type, aid_count, aid_table, every_count, every_table, name, id), spec(nullptr),
+    : VT_obj_base(type, aid_count, aid_table, every_count, every_table, name, id), spec_node(nullptr),
       scale_area(SCALE_AREA_NONE), macro_list(macros), macro_value(macro_value), sync_words{242, 242},
       pool_helper(Pool_helper_api::get_default()), allow_serialise(true), serialise_as_null_op(false)
 {
@@ -28,7 +28,7 @@ VT_obj::VT_obj(uint16_t id, type_t type, uint8_t aid_count, Attribute** aid_tabl
 
 VT_obj::VT_obj(Spec_node* node, type_t type, uint8_t aid_count, Attribute** aid_table, uint8_t every_count,
                Attribute** every_table, const char* name, uint16_t id)
-    : VT_obj_base(type, aid_count, aid_table, every_count, every_table, name, id), spec(node),
+    : VT_obj_base(type, aid_count, aid_table, every_count, every_table, name, id), spec_node(node),
       scale_area(SCALE_AREA_NONE), macro_list(nullptr), macro_value(0), sync_words{242, 242},
       pool_helper(Pool_helper_api::get_default()), allow_serialise(true), serialise_as_null_op(false)
 {
@@ -45,7 +45,7 @@ void VT_obj::init_hooks()
 
 VT_obj::~VT_obj()
 {
-    delete spec;
+    delete spec_node;
 }
 
 bool VT_obj::in_a_list() const
@@ -105,7 +105,7 @@ bool VT_obj::__set_by_spec(scale_area_t area)
     bool all = true;
     for (uint16_t i = 0; i < get_num_every_attribute(); ++i)
         if (Attribute* a = get_every_attribute(i))
-            all = a->_set_by_spec(spec, area) && all;
+            all = a->_set_by_spec(spec_node, area) && all;
     lock();
     return all;
 }

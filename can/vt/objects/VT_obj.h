@@ -19,7 +19,7 @@ class Attribute_object_placement;
 typedef Iso::Iso_object<VT_obj_type, Attribute, Attribute_uint16> VT_obj_base;
 
 // Base of every VT object class: pool membership through a pool helper, locking,
-// the object-pool serialiser and deserialiser, spec input, scaling and justification.
+// the object-pool serialiser and deserialiser, description input, scaling and justification.
 class VT_obj : public VT_obj_base
 {
 public:
@@ -45,7 +45,7 @@ public:
     virtual void __set_numeric_value(uint32_t value);
     virtual void __set_child_location(uint16_t child, int16_t x, int16_t y);
     virtual bool __child_location_pending() const;
-    // Entered with the lock held: reads every attribute from the object's spec node.
+    // Entered with the lock held: reads every attribute from the object's description node.
     virtual bool __set_by_spec(scale_area_t area);
     virtual uint16_t __get_scaling_child() const;
     virtual void __set_scale(uint16_t num_x, uint16_t num_y, uint16_t den_x, uint16_t den_y);
@@ -82,18 +82,18 @@ public:
     void __set_transpose(int16_t dx, int16_t dy);
     void justify(Attribute_list<Attribute_object_placement>& list, int16_t width, int16_t height);
     void __check_scale_area(scale_area_t area);
-    // Public entry to spec input: takes the lock around __set_by_spec.
+    // Public entry to description input: takes the lock around __set_by_spec.
     bool set_by_spec(scale_area_t area);
     // Scales under the lock.
     void set_scale(uint16_t num_x, uint16_t num_y, uint16_t den_x, uint16_t den_y);
-    Spec_node* get_spec_node() const { return spec; }
+    Spec_node* get_spec_node() const { return spec_node; }
     // Intrusive list hooks, filled by the host's pool container.
     void** get_list_hook(int which) { return which ? list_hook_b : list_hook_a; }
 
 protected:
     void* list_hook_a[6];
     void* list_hook_b[6];
-    Spec_node* spec;
+    Spec_node* spec_node;
     scale_area_t scale_area;
     Attribute_list<Attribute_event_macro>* macro_list;
     uint8_t macro_value;

@@ -89,9 +89,9 @@ public:
 // Types the system treats as mutable; filled once when the library loads.
 extern const QSet<VT_obj_type::type_t> types_all_mutable;
 
-inline uint qHash(VT_obj_type::type_t t, uint seed = 0)
+inline uint qHash(VT_obj_type::type_t t, uint salt = 0)
 {
-    return ::qHash(static_cast<unsigned int>(t), seed);
+    return ::qHash(static_cast<unsigned int>(t), salt);
 }
 
 }

@@ -12,8 +12,8 @@ Extended_input_attributes_obj::Extended_input_attributes_obj(unsigned short id, 
     init_lists();
 }
 
-Extended_input_attributes_obj::Extended_input_attributes_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_EXTENDED_INPUT_ATTRIBUTES, 2, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID)
+Extended_input_attributes_obj::Extended_input_attributes_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_EXTENDED_INPUT_ATTRIBUTES, 2, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

@@ -15,7 +15,7 @@ public:
     Extended_input_attributes_obj(unsigned short id, const char* name, unsigned char validation_type,
                                   unsigned char num_code_plane_rangesets,
                                   Attribute_code_plane_rangeset* code_plane_rangesets);
-    explicit Extended_input_attributes_obj(Spec_node* spec);
+    explicit Extended_input_attributes_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_EXTENDED_INPUT_ATTRIBUTES; }
 
     VT_ATTRIBUTE_GETTER(unsigned char, validation_type)

@@ -13,8 +13,8 @@ Fill_attributes_obj::Fill_attributes_obj(unsigned short id, const char* name, un
     init_lists();
 }
 
-Fill_attributes_obj::Fill_attributes_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_FILL_ATTRIBUTES, 4, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
+Fill_attributes_obj::Fill_attributes_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_FILL_ATTRIBUTES, 4, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

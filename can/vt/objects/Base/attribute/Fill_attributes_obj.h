@@ -13,7 +13,7 @@ class Fill_attributes_obj : public VT_obj
 public:
     Fill_attributes_obj(unsigned short id, const char* name, unsigned char fill_type, unsigned char fill_colour,
                         unsigned short fill_pattern, unsigned char num_macros, Attribute_event_macro* event_macro);
-    explicit Fill_attributes_obj(Spec_node* spec);
+    explicit Fill_attributes_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_FILL_ATTRIBUTES; }
 
     // Scaling the fill reaches its pattern picture.

@@ -16,8 +16,8 @@ Font_attributes_obj::Font_attributes_obj(unsigned short id, const char* name, un
     init_lists();
 }
 
-Font_attributes_obj::Font_attributes_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_FONT_ATTRIBUTES, 5, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
+Font_attributes_obj::Font_attributes_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_FONT_ATTRIBUTES, 5, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

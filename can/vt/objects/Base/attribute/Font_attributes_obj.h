@@ -74,7 +74,7 @@ public:
     Font_attributes_obj(unsigned short id, const char* name, unsigned char font_colour, font_size_t font_size,
                         unsigned char font_type, unsigned char font_style, unsigned char num_macros,
                         Attribute_event_macro* event_macro);
-    explicit Font_attributes_obj(Spec_node* spec);
+    explicit Font_attributes_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_FONT_ATTRIBUTES; }
 
     VT_ATTRIBUTE_GETTER(unsigned char, font_colour)

@@ -13,8 +13,8 @@ Input_attributes_obj::Input_attributes_obj(unsigned short id, const char* name, 
     init_lists();
 }
 
-Input_attributes_obj::Input_attributes_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_INPUT_ATTRIBUTES, 2, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
+Input_attributes_obj::Input_attributes_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_INPUT_ATTRIBUTES, 2, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

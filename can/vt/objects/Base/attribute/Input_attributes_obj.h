@@ -14,7 +14,7 @@ public:
     // Borrows `string` (length bytes); the caller keeps it alive.
     Input_attributes_obj(unsigned short id, const char* name, unsigned char validation_type, unsigned char length,
                          char* string, unsigned char num_macros, Attribute_event_macro* event_macro);
-    explicit Input_attributes_obj(Spec_node* spec);
+    explicit Input_attributes_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_INPUT_ATTRIBUTES; }
 
     VT_ATTRIBUTE_GETTER(unsigned char, validation_type)

@@ -13,8 +13,8 @@ Line_attributes_obj::Line_attributes_obj(unsigned short id, const char* name, un
     init_lists();
 }
 
-Line_attributes_obj::Line_attributes_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_LINE_ATTRIBUTES, 4, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
+Line_attributes_obj::Line_attributes_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_LINE_ATTRIBUTES, 4, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

@@ -13,7 +13,7 @@ class Line_attributes_obj : public VT_obj
 public:
     Line_attributes_obj(unsigned short id, const char* name, unsigned char line_colour, unsigned char line_width,
                         unsigned short line_art, unsigned char num_macros, Attribute_event_macro* event_macro);
-    explicit Line_attributes_obj(Spec_node* spec);
+    explicit Line_attributes_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_LINE_ATTRIBUTES; }
 
     // The line width follows the vertical factor.

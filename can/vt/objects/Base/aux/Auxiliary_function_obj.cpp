@@ -13,8 +13,8 @@ Auxiliary_function_obj::Auxiliary_function_obj(uint16_t id, const char* name, ui
     init_lists();
 }
 
-Auxiliary_function_obj::Auxiliary_function_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_AUXILIARY_FUNCTION, 1, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
+Auxiliary_function_obj::Auxiliary_function_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_AUXILIARY_FUNCTION, 1, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
       background_colour(0, "background_colour"), function_type(0, 255, 0, "function_type"),
       child_location("child_location")
 {

@@ -14,7 +14,7 @@ class Auxiliary_function_obj : public VT_obj
 public:
     Auxiliary_function_obj(uint16_t id, const char* name, uint8_t background_colour, uint8_t function_type,
                            uint8_t num_objects, Attribute_object_placement* objects);
-    explicit Auxiliary_function_obj(Spec_node* spec);
+    explicit Auxiliary_function_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_AUXILIARY_FUNCTION; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, background_colour)

@@ -14,8 +14,8 @@ Auxiliary_input_obj::Auxiliary_input_obj(uint16_t id, const char* name, uint8_t 
     init_lists();
 }
 
-Auxiliary_input_obj::Auxiliary_input_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_AUXILIARY_INPUT, 1, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID),
+Auxiliary_input_obj::Auxiliary_input_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_AUXILIARY_INPUT, 1, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID),
       background_colour(0, "background_colour"), function_type(0, 255, 0, "function_type"),
       input_id(0, 250, 0, "input_id"), child_location("child_location")
 {

@@ -13,7 +13,7 @@ class Auxiliary_input_obj : public VT_obj
 public:
     Auxiliary_input_obj(uint16_t id, const char* name, uint8_t background_colour, uint8_t function_type,
                         uint8_t input_id, uint8_t num_objects, Attribute_object_placement* objects);
-    explicit Auxiliary_input_obj(Spec_node* spec);
+    explicit Auxiliary_input_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_AUXILIARY_INPUT; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, background_colour)

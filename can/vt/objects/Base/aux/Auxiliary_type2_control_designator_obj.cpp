@@ -14,8 +14,8 @@ Auxiliary_type2_control_designator_obj::Auxiliary_type2_control_designator_obj(u
     init_lists();
 }
 
-Auxiliary_type2_control_designator_obj::Auxiliary_type2_control_designator_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_AUXILIARY_TYPE2_CONTROL_DESIGNATOR, 3, aid_table_storage, 2, every_table_storage, NO_NAME,
+Auxiliary_type2_control_designator_obj::Auxiliary_type2_control_designator_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_AUXILIARY_TYPE2_CONTROL_DESIGNATOR, 3, aid_table_storage, 2, every_table_storage, NO_NAME,
              NULL_ID),
       pointer_type(0, 3, 0, "pointer_type"), auxiliary_object_id(NULL_ID, "auxiliary_object_id")
 {

@@ -13,7 +13,7 @@ class Auxiliary_type2_control_designator_obj : public VT_obj
 public:
     Auxiliary_type2_control_designator_obj(uint16_t id, const char* name, uint8_t pointer_type,
                                            uint16_t auxiliary_object_id);
-    explicit Auxiliary_type2_control_designator_obj(Spec_node* spec);
+    explicit Auxiliary_type2_control_designator_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_AUXILIARY_TYPE2_CONTROL_DESIGNATOR; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, pointer_type)

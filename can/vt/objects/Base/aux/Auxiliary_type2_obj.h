@@ -21,8 +21,8 @@ public:
     {
         init_lists();
     }
-    explicit Auxiliary_type2_obj(Spec_node* spec)
-        : VT_obj(spec, TYPE, 3, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
+    explicit Auxiliary_type2_obj(Spec_node* spec_node)
+        : VT_obj(spec_node, TYPE, 3, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
           background_colour(0, "background_colour"), function_attributes(0, 255, 0, "function_attributes"),
           child_location("child_location")
     {

@@ -13,8 +13,8 @@ Config_icon_obj::Config_icon_obj(uint16_t id, const char* name, uint8_t extended
     init_lists();
 }
 
-Config_icon_obj::Config_icon_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_CONFIG, 2, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID),
+Config_icon_obj::Config_icon_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_CONFIG, 2, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID),
       extended_type(EXTENDED_TYPE, EXTENDED_TYPE, EXTENDED_TYPE, "extended_type"), child_location("child_location"),
       event_macro("event_macro")
 {

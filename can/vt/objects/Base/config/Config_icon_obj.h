@@ -15,7 +15,7 @@ public:
 
     Config_icon_obj(uint16_t id, const char* name, uint8_t extended_type, uint8_t num_objects, uint8_t num_macros,
                     Attribute_object_placement* objects, Attribute_event_macro* macros);
-    explicit Config_icon_obj(Spec_node* spec);
+    explicit Config_icon_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_CONFIG; }
     uint8_t _get_extended_type() const override { return EXTENDED_TYPE; }
     uint8_t get_extended_type() const override { return EXTENDED_TYPE; }

@@ -14,8 +14,8 @@ Config_item_obj::Config_item_obj(uint16_t id, const char* name, uint8_t extended
     init_lists();
 }
 
-Config_item_obj::Config_item_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_CONFIG, 8, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID),
+Config_item_obj::Config_item_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_CONFIG, 8, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID),
       extended_type(EXTENDED_TYPE, EXTENDED_TYPE, EXTENDED_TYPE, "extended_type"), label(NULL_ID, "label"),
       icon(NULL_ID, "icon"), units(NULL_ID, "units"), help(NULL_ID, "help"), content(NULL_ID, "content"),
       options(0, 7, 0, "options"), event_macro("event_macro")

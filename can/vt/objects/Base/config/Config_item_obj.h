@@ -16,7 +16,7 @@ public:
     Config_item_obj(uint16_t id, const char* name, uint8_t extended_type, uint16_t label, uint16_t icon,
                     uint16_t units, uint16_t help, uint16_t content, uint8_t options, uint8_t num_macros,
                     Attribute_event_macro* macros);
-    explicit Config_item_obj(Spec_node* spec);
+    explicit Config_item_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_CONFIG; }
     uint8_t _get_extended_type() const override { return EXTENDED_TYPE; }
     uint8_t get_extended_type() const override { return EXTENDED_TYPE; }

@@ -14,8 +14,8 @@ Config_node_obj::Config_node_obj(uint16_t id, const char* name, uint8_t extended
     init_lists();
 }
 
-Config_node_obj::Config_node_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_CONFIG, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
+Config_node_obj::Config_node_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_CONFIG, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
       extended_type(EXTENDED_TYPE, EXTENDED_TYPE, EXTENDED_TYPE, "extended_type"), label(NULL_ID, "label"),
       icon(NULL_ID, "icon"), options(0, 7, 0, "options"), child_objects("child_objects"), event_macro("event_macro")
 {

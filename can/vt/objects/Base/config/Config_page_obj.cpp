@@ -16,8 +16,8 @@ Config_page_obj::Config_page_obj(uint16_t id, const char* name, uint8_t extended
     init_lists();
 }
 
-Config_page_obj::Config_page_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_CONFIG, 8, aid_table_storage, 11, every_table_storage, NO_NAME, NULL_ID),
+Config_page_obj::Config_page_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_CONFIG, 8, aid_table_storage, 11, every_table_storage, NO_NAME, NULL_ID),
       extended_type(EXTENDED_TYPE, EXTENDED_TYPE, EXTENDED_TYPE, "extended_type"), label(NULL_ID, "label"),
       icon(NULL_ID, "icon"), options(0, 7, 0, "options"), title(NULL_ID, "title"), help(NULL_ID, "help"),
       diagram(NULL_ID, "diagram"), child_objects("child_objects"), event_macro("event_macro")

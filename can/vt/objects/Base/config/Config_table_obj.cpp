@@ -16,8 +16,8 @@ Config_table_obj::Config_table_obj(uint16_t id, const char* name, uint8_t extend
     init_lists();
 }
 
-Config_table_obj::Config_table_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_CONFIG, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID),
+Config_table_obj::Config_table_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_CONFIG, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID),
       extended_type(EXTENDED_TYPE, EXTENDED_TYPE, EXTENDED_TYPE, "extended_type"), options(0, 7, 0, "options"),
       num_rows(0, 255, 0, "num_rows"), num_columns(0, 255, 0, "num_columns"), num_tabs(0, 1, 0, "num_tabs"),
       child_objects("child_objects"), event_macro("event_macro")

@@ -16,7 +16,7 @@ public:
     Config_table_obj(uint16_t id, const char* name, uint8_t extended_type, uint8_t options, uint8_t num_rows,
                      uint8_t num_columns, uint8_t num_tabs, uint8_t num_child_objects, uint8_t num_macros,
                      Attribute_object_id* children, Attribute_event_macro* macros);
-    explicit Config_table_obj(Spec_node* spec);
+    explicit Config_table_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_CONFIG; }
     uint8_t _get_extended_type() const override { return EXTENDED_TYPE; }
     uint8_t get_extended_type() const override { return EXTENDED_TYPE; }

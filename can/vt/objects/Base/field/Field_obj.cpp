@@ -20,8 +20,8 @@ Field_obj::Field_obj(uint16_t id, const char* name, short camera_y_, short camer
     init_lists();
 }
 
-Field_obj::Field_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_FIELD, 1, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
+Field_obj::Field_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_FIELD, 1, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
       camera_y(-32767, 32767, 0, "camera_y"), camera_z(-32767, 32767, 0, "camera_z"),
       swath_spacing(0, 255, 0, "swath_spacing"), eye_y(-32767, 32767, 0, "eye_y"), eye_z(-32767, 32767, 0, "eye_z"),
       rotation(-32767, 32767, 0, "rotation"), centre_line_attributes(NULL_ID, "centre_line_attributes"),
@@ -43,11 +43,11 @@ void Field_obj::init_lists()
 bool Field_obj::__set_by_spec(scale_area_t area)
 {
     bool result = VT_obj::__set_by_spec(area);
-    if (!spec)
+    if (!spec_node)
         return result;
-    int n = spec->count_children(nullptr);
+    int n = spec_node->count_children(nullptr);
     for (int i = 0; i < n; ++i) {
-        Spec_node* child = spec->get_child(i, nullptr);
+        Spec_node* child = spec_node->get_child(i, nullptr);
         if (!child)
             break;
         VT_obj* swath = child->get_object();

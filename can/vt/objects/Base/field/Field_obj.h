@@ -33,7 +33,7 @@ public:
               short eye_z, short rotation, uint16_t centre_line_attributes, uint8_t completed_colour,
               uint8_t incomplete_colour, uint8_t tractor_x, uint8_t tractor_y, uint16_t scale, uint8_t num_swaths,
               Attribute_object_id* swaths);
-    explicit Field_obj(Spec_node* spec);
+    explicit Field_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_FIELD; }
     const char* __get_type_string() const override { return "Field"; }
 

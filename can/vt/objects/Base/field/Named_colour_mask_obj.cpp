@@ -12,8 +12,8 @@ Named_colour_mask_obj::Named_colour_mask_obj(uint16_t id, const char* name, uint
     init_lists();
 }
 
-Named_colour_mask_obj::Named_colour_mask_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_NAMED_COLOUR_MASK, 1, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
+Named_colour_mask_obj::Named_colour_mask_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_NAMED_COLOUR_MASK, 1, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
       pictures("pictures"), data("data")
 {
     init_lists();

@@ -14,7 +14,7 @@ public:
     // Copies `pictures`; borrows `data` (data_length bytes), which the caller keeps alive.
     Named_colour_mask_obj(uint16_t id, const char* name, uint8_t num_pictures, uint16_t data_length,
                           Attribute_identifier<unsigned short>* pictures, uint8_t* data);
-    explicit Named_colour_mask_obj(Spec_node* spec);
+    explicit Named_colour_mask_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_NAMED_COLOUR_MASK; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, num_pictures)

@@ -11,8 +11,8 @@ Named_colour_obj::Named_colour_obj(uint16_t id, const char* name, uint16_t num_r
     init_lists();
 }
 
-Named_colour_obj::Named_colour_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_NAMED_COLOUR, 1, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID), refs("refs"),
+Named_colour_obj::Named_colour_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_NAMED_COLOUR, 1, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID), refs("refs"),
       pictures(NULL_ID, "pictures")
 {
     init_lists();

@@ -14,7 +14,7 @@ class Named_colour_obj : public VT_obj
 public:
     Named_colour_obj(uint16_t id, const char* name, uint16_t num_refs, Attribute_identifier<unsigned char>* refs,
                      uint16_t pictures);
-    explicit Named_colour_obj(Spec_node* spec);
+    explicit Named_colour_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_NAMED_COLOUR; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, num_refs)

@@ -15,7 +15,7 @@ Swath_obj::Swath_obj(uint16_t id, const char* name, uint8_t maximum_points_, uin
     init_lists();
 }
 
-Swath_obj::Swath_obj(Spec_node* spec) : Polygon_obj(spec), maximum_points(0, 255, 0, "maximum_points")
+Swath_obj::Swath_obj(Spec_node* spec_node) : Polygon_obj(spec_node), maximum_points(0, 255, 0, "maximum_points")
 {
     init_lists();
 }
@@ -35,7 +35,7 @@ bool Swath_obj::__set_by_spec(scale_area_t area)
 {
     uint8_t declared = 0;
     uint32_t n = 0;
-    if (spec && spec->get_uint8(&declared, "num_points"))
+    if (spec_node && spec_node->get_uint8(&declared, "num_points"))
         n = declared;
     else if (points_list)
         n = points_list->get_length();

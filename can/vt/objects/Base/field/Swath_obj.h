@@ -15,7 +15,7 @@ public:
     Swath_obj(uint16_t id, const char* name, uint8_t maximum_points, uint16_t width, uint16_t height,
               uint16_t line_attributes, uint16_t fill_attributes, uint8_t polygon_type, uint8_t num_points,
               uint8_t num_macros, Attribute_point* points, Attribute_event_macro* macros);
-    explicit Swath_obj(Spec_node* spec);
+    explicit Swath_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_POLYGON; }
     const char* __get_type_string() const override { return "Swath"; }
 

@@ -26,8 +26,8 @@ Arched_bar_graph_obj::Arched_bar_graph_obj(uint16_t id, const char* name, unsign
     init_lists();
 }
 
-Arched_bar_graph_obj::Arched_bar_graph_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_ARCHED_BAR_GRAPH, 15, aid_table_storage, 16, every_table_storage, NO_NAME, NULL_ID),
+Arched_bar_graph_obj::Arched_bar_graph_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_ARCHED_BAR_GRAPH, 15, aid_table_storage, 16, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), fill_colour(0, "fill_colour"),
       target_line_colour(0, "target_line_colour"), options(0, 31, 0, "options"),
       start_angle(0, 180, 0, "start_angle"), end_angle(0, 180, 0, "end_angle"),

@@ -19,7 +19,7 @@ public:
                          unsigned short min_value, unsigned short max_value, unsigned short variable_reference,
                          unsigned short value, unsigned short target_value_reference, unsigned short target_value,
                          unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Arched_bar_graph_obj(Spec_node* spec);
+    explicit Arched_bar_graph_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_ARCHED_BAR_GRAPH; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, width)

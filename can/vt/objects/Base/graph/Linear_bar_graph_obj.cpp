@@ -24,8 +24,8 @@ Linear_bar_graph_obj::Linear_bar_graph_obj(uint16_t id, const char* name, unsign
     init_lists();
 }
 
-Linear_bar_graph_obj::Linear_bar_graph_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_LINEAR_BAR_GRAPH, 13, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
+Linear_bar_graph_obj::Linear_bar_graph_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_LINEAR_BAR_GRAPH, 13, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), fill_colour(0, "fill_colour"),
       target_line_colour(0, "target_line_colour"), options(0, 63, 0, "options"), no_ticks(0, 255, 0, "no_ticks"),
       min_value(0, 65535, 0, "min_value"), max_value(0, 65535, 0, "max_value"),

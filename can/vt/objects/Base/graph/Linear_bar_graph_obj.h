@@ -17,7 +17,7 @@ public:
                          unsigned short variable_reference, unsigned short value,
                          unsigned short target_variable_reference, unsigned short target_value,
                          unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Linear_bar_graph_obj(Spec_node* spec);
+    explicit Linear_bar_graph_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_LINEAR_BAR_GRAPH; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, width)

@@ -21,8 +21,8 @@ Meter_obj::Meter_obj(uint16_t id, const char* name, unsigned short width_v, unsi
     init_lists();
 }
 
-Meter_obj::Meter_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_METER, 13, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
+Meter_obj::Meter_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_METER, 13, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), needle_colour(0, "needle_colour"), border_colour(0, "border_colour"),
       arc_and_tick_colour(0, "arc_and_tick_colour"), options(0, 15, 0, "options"), no_ticks(0, 255, 0, "no_ticks"),
       start_angle(0, 180, 0, "start_angle"), end_angle(0, 180, 0, "end_angle"), min_value(0, 65535, 0, "min_value"),

@@ -16,7 +16,7 @@ public:
               unsigned char no_ticks, unsigned char start_angle, unsigned char end_angle, unsigned short min_value,
               unsigned short max_value, unsigned short variable_reference, unsigned short value,
               unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Meter_obj(Spec_node* spec);
+    explicit Meter_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_METER; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, width)

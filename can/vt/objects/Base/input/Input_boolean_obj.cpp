@@ -18,8 +18,8 @@ Input_boolean_obj::Input_boolean_obj(uint16_t id, const char* name, unsigned cha
     init_lists();
 }
 
-Input_boolean_obj::Input_boolean_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_INPUT_BOOLEAN, 7, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
+Input_boolean_obj::Input_boolean_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_INPUT_BOOLEAN, 7, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
       background_colour(0, "background_colour"), width(0, 65535, 0, "width"),
       foreground_colour(65535, "foreground_colour"), variable_reference(65535, "variable_reference"),
       value(0, 255, 0, "value"), enabled(0, 1, 0, "enabled"), num_macros("num_macros", &event_macro),

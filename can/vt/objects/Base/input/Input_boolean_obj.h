@@ -14,7 +14,7 @@ public:
     Input_boolean_obj(uint16_t id, const char* name, unsigned char background_colour, unsigned short width,
                       unsigned short foreground_colour, unsigned short variable_reference, unsigned char value,
                       unsigned char enabled, unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Input_boolean_obj(Spec_node* spec);
+    explicit Input_boolean_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_INPUT_BOOLEAN; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, background_colour)

@@ -17,8 +17,8 @@ Input_list_obj::Input_list_obj(uint16_t id, const char* name, unsigned short wid
     init_lists();
 }
 
-Input_list_obj::Input_list_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_INPUT_LIST, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID),
+Input_list_obj::Input_list_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_INPUT_LIST, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), variable_reference(65535, "variable_reference"),
       value(0, 255, 0, "value"), num_list_items("num_list_items", &child_objects), options2(0, 3, 0, "options2"),
       num_macros("num_macros", &event_macro), child_objects("child_objects"), event_macro("event_macro")

@@ -16,7 +16,7 @@ public:
                    unsigned short variable_reference, unsigned char value, unsigned char num_list_items,
                    unsigned char options2, unsigned char num_macros, Attribute_object_id* items,
                    Attribute_event_macro* macros);
-    explicit Input_list_obj(Spec_node* spec);
+    explicit Input_list_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_INPUT_LIST; }
 
     unsigned char get_options2() const override

@@ -33,8 +33,8 @@ Input_number_obj::Input_number_obj(uint16_t id, const char* name, unsigned short
 }
 
 // A description that gives no "offset" leaves it at the most negative value.
-Input_number_obj::Input_number_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_INPUT_NUMBER, 16, aid_table_storage, 17, every_table_storage, NO_NAME, NULL_ID),
+Input_number_obj::Input_number_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_INPUT_NUMBER, 16, aid_table_storage, 17, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), background_colour(0, "background_colour"),
       font_attributes(65535, "font_attributes"), options(0, 15, 0, "options"),
       variable_reference(65535, "variable_reference"), value(0, 4294967295u, 0, "value"),

@@ -19,7 +19,7 @@ public:
                      unsigned int max_value, int offset, float scale, unsigned char no_decimals,
                      unsigned char format, unsigned char horizontal_justification, unsigned char options2,
                      unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Input_number_obj(Spec_node* spec);
+    explicit Input_number_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_INPUT_NUMBER; }
     // The font attributes object scales with the field.
     uint16_t __get_scaling_child() const override { return font_attributes; }

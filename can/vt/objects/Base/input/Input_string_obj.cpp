@@ -21,8 +21,8 @@ Input_string_obj::Input_string_obj(uint16_t id, const char* name, unsigned short
     init_lists();
 }
 
-Input_string_obj::Input_string_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_INPUT_STRING, 10, aid_table_storage, 13, every_table_storage, NO_NAME, NULL_ID),
+Input_string_obj::Input_string_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_INPUT_STRING, 10, aid_table_storage, 13, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), background_colour(0, "background_colour"),
       font_attributes(65535, "font_attributes"), input_attributes(65535, "input_attributes"),
       options(0, 7, 0, "options"), variable_reference(65535, "variable_reference"),

@@ -16,7 +16,7 @@ public:
                      unsigned short input_attributes, unsigned char options, unsigned short variable_reference,
                      unsigned char horizontal_justification, unsigned char length, char* string,
                      unsigned char enabled, unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Input_string_obj(Spec_node* spec);
+    explicit Input_string_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_INPUT_STRING; }
     // The font attributes object scales with the field.
     uint16_t __get_scaling_child() const override { return font_attributes; }

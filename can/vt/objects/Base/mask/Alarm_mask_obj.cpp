@@ -15,8 +15,8 @@ Alarm_mask_obj::Alarm_mask_obj(unsigned short id, const char* name, unsigned cha
     init_lists();
 }
 
-Alarm_mask_obj::Alarm_mask_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_ALARM_MASK, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID)
+Alarm_mask_obj::Alarm_mask_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_ALARM_MASK, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

@@ -16,7 +16,7 @@ public:
                    unsigned short soft_key_mask, unsigned char priority, unsigned char acoustic_signal,
                    unsigned char num_objects, unsigned char num_macros, Attribute_object_placement* child_location,
                    Attribute_event_macro* event_macro);
-    explicit Alarm_mask_obj(Spec_node* spec);
+    explicit Alarm_mask_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_ALARM_MASK; }
 
     // Shows another soft-key mask with this mask (65535: none).

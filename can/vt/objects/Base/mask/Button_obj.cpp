@@ -16,8 +16,8 @@ Button_obj::Button_obj(unsigned short id, const char* name, unsigned short w, un
     init_lists();
 }
 
-Button_obj::Button_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_BUTTON, 7, aid_table_storage, 10, every_table_storage, NO_NAME, NULL_ID)
+Button_obj::Button_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_BUTTON, 7, aid_table_storage, 10, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

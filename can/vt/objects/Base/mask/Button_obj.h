@@ -14,7 +14,7 @@ public:
                unsigned char background_colour, unsigned char border_colour, unsigned char key_code,
                unsigned char options, unsigned char num_objects, unsigned char num_macros,
                Attribute_object_placement* child_location, Attribute_event_macro* event_macro);
-    explicit Button_obj(Spec_node* spec);
+    explicit Button_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_BUTTON; }
 
     uint16_t _get_width() const override

@@ -13,8 +13,8 @@ Container_obj::Container_obj(unsigned short id, const char* name, unsigned short
     init_lists();
 }
 
-Container_obj::Container_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_CONTAINER, 4, aid_table_storage, 7, every_table_storage, NO_NAME, NULL_ID)
+Container_obj::Container_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_CONTAINER, 4, aid_table_storage, 7, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }
@@ -29,7 +29,7 @@ void Container_obj::init_lists()
 bool Container_obj::__set_by_spec(scale_area_t area)
 {
     uint8_t declared = 0;
-    if (!spec || !spec->get_uint8(&declared, num_objects.name))
+    if (!spec_node || !spec_node->get_uint8(&declared, num_objects.name))
         return VT_obj::__set_by_spec(area);
     child_location.set_length(declared);
     bool r = VT_obj::__set_by_spec(area);

@@ -13,7 +13,7 @@ public:
     Container_obj(unsigned short id, const char* name, unsigned short width, unsigned short height,
                   unsigned char hidden, unsigned char num_objects, unsigned char num_macros,
                   Attribute_object_placement* child_location, Attribute_event_macro* event_macro);
-    explicit Container_obj(Spec_node* spec);
+    explicit Container_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_CONTAINER; }
 
     // A pool description may declare its child count ("num_objects") apart from the children it lists;

@@ -13,8 +13,8 @@ Data_mask_obj::Data_mask_obj(unsigned short id, const char* name, unsigned char 
     init_lists();
 }
 
-Data_mask_obj::Data_mask_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_DATA_MASK, 3, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
+Data_mask_obj::Data_mask_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_DATA_MASK, 3, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

@@ -14,7 +14,7 @@ public:
     Data_mask_obj(unsigned short id, const char* name, unsigned char background_colour, unsigned short soft_key_mask,
                   unsigned char num_objects, unsigned char num_macros, Attribute_object_placement* child_location,
                   Attribute_event_macro* event_macro);
-    explicit Data_mask_obj(Spec_node* spec);
+    explicit Data_mask_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_DATA_MASK; }
 
     // Shows another soft-key mask with this mask (65535: none).

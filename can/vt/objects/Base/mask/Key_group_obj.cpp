@@ -13,8 +13,8 @@ Key_group_obj::Key_group_obj(unsigned short id, const char* name, unsigned char 
     init_lists();
 }
 
-Key_group_obj::Key_group_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_KEY_GROUP, 3, aid_table_storage, 7, every_table_storage, NO_NAME, NULL_ID)
+Key_group_obj::Key_group_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_KEY_GROUP, 3, aid_table_storage, 7, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

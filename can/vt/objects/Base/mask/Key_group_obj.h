@@ -14,7 +14,7 @@ public:
     Key_group_obj(unsigned short id, const char* name, unsigned char options, unsigned short group_name,
                   unsigned short key_group_icon, unsigned char num_objects, unsigned char num_macros,
                   Attribute_object_id* child_objects, Attribute_event_macro* event_macro);
-    explicit Key_group_obj(Spec_node* spec);
+    explicit Key_group_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_KEY_GROUP; }
 
     VT_ATTRIBUTE_GETTER(unsigned char, options)

@@ -15,8 +15,8 @@ Key_obj::Key_obj(unsigned short id, const char* name, unsigned char bg, unsigned
     init_lists();
 }
 
-Key_obj::Key_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_KEY, 3, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
+Key_obj::Key_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_KEY, 3, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }
@@ -34,7 +34,7 @@ bool Key_obj::__set_by_spec(scale_area_t area)
     // The attribute's range turns a given 0 into 1 (with its warning), so the code the
     // description gave is checked as well as the one kept.
     uint8_t given = 1;
-    bool given_zero = spec && spec->get_uint8(&given, key_code.name) && given == 0;
+    bool given_zero = spec_node && spec_node->get_uint8(&given, key_code.name) && given == 0;
     if (given_zero || key_code.get() == 0) {
         std::cerr << "FATAL ERROR!  Key '" << get_name() << "' has a key code of 0" << std::endl;
         exit(-1);

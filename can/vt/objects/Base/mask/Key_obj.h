@@ -13,7 +13,7 @@ public:
     Key_obj(unsigned short id, const char* name, unsigned char background_colour, unsigned char key_code,
             unsigned char num_objects, unsigned char num_macros, Attribute_object_placement* child_location,
             Attribute_event_macro* event_macro);
-    explicit Key_obj(Spec_node* spec);
+    explicit Key_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_KEY; }
 
     // A key code of 0 cannot be told apart from "no key": such a pool is refused outright.

@@ -12,8 +12,8 @@ Soft_key_mask_obj::Soft_key_mask_obj(unsigned short id, const char* name, unsign
     init_lists();
 }
 
-Soft_key_mask_obj::Soft_key_mask_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_SOFT_KEY_MASK, 2, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
+Soft_key_mask_obj::Soft_key_mask_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_SOFT_KEY_MASK, 2, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

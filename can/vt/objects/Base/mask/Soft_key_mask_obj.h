@@ -13,7 +13,7 @@ public:
     Soft_key_mask_obj(unsigned short id, const char* name, unsigned char background_colour,
                       unsigned char num_objects, unsigned char num_macros, Attribute_object_id* child_objects,
                       Attribute_event_macro* event_macro);
-    explicit Soft_key_mask_obj(Spec_node* spec);
+    explicit Soft_key_mask_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_SOFT_KEY_MASK; }
 
     bool __set_by_spec(scale_area_t area) override;

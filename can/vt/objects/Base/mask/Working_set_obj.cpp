@@ -15,8 +15,8 @@ Working_set_obj::Working_set_obj(unsigned short id, const char* name, unsigned c
     init_lists();
 }
 
-Working_set_obj::Working_set_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_WORKING_SET, 4, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID)
+Working_set_obj::Working_set_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_WORKING_SET, 4, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

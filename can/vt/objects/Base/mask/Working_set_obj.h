@@ -15,7 +15,7 @@ public:
                     unsigned short active_mask, unsigned char num_objects, unsigned char num_macros,
                     unsigned char num_languages, Attribute_object_placement* child_location,
                     Attribute_event_macro* event_macro, Attribute_lang* languages);
-    explicit Working_set_obj(Spec_node* spec);
+    explicit Working_set_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_WORKING_SET; }
 
     VT_ATTRIBUTE_GETTER(unsigned char, background_colour)

@@ -16,8 +16,8 @@ Output_list_obj::Output_list_obj(uint16_t id, const char* name, unsigned short w
     init_lists();
 }
 
-Output_list_obj::Output_list_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_OUTPUT_LIST, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
+Output_list_obj::Output_list_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_OUTPUT_LIST, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), variable_reference(65535, "variable_reference"),
       value(0, 255, 0, "value"), num_list_items("num_list_items", &child_objects),
       num_macros("num_macros", &event_macro), child_objects("child_objects"), event_macro("event_macro")

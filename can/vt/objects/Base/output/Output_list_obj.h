@@ -14,7 +14,7 @@ public:
     Output_list_obj(uint16_t id, const char* name, unsigned short width, unsigned short height,
                     unsigned short variable_reference, unsigned char value, unsigned char num_list_items,
                     unsigned char num_macros, Attribute_object_id* items, Attribute_event_macro* macros);
-    explicit Output_list_obj(Spec_node* spec);
+    explicit Output_list_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_OUTPUT_LIST; }
 
     // An output list has no options 2: 255 stands for no attribute.

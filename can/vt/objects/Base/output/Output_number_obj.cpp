@@ -30,8 +30,8 @@ Output_number_obj::Output_number_obj(uint16_t id, const char* name, unsigned sho
 }
 
 // A description that gives no "offset" leaves it at the most negative value.
-Output_number_obj::Output_number_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_OUTPUT_NUMBER, 13, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
+Output_number_obj::Output_number_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_OUTPUT_NUMBER, 13, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), background_colour(0, "background_colour"),
       font_attributes(65535, "font_attributes"), options(0, 15, 0, "options"),
       variable_reference(65535, "variable_reference"), value(0, 4294967295u, 0, "value"),

@@ -16,7 +16,7 @@ public:
                       unsigned short variable_reference, unsigned int value, int offset, float scale,
                       unsigned char no_decimals, unsigned char format, unsigned char horizontal_justification,
                       unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Output_number_obj(Spec_node* spec);
+    explicit Output_number_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_OUTPUT_NUMBER; }
     // The font attributes object scales with the field.
     uint16_t __get_scaling_child() const override { return font_attributes; }

@@ -22,8 +22,8 @@ Output_string_obj::Output_string_obj(uint16_t id, const char* name, unsigned sho
     init_lists();
 }
 
-Output_string_obj::Output_string_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_OUTPUT_STRING, 8, aid_table_storage, 11, every_table_storage, NO_NAME, NULL_ID),
+Output_string_obj::Output_string_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_OUTPUT_STRING, 8, aid_table_storage, 11, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), background_colour(0, "background_colour"),
       font_attributes(65535, "font_attributes"), options(0, 7, 0, "options"),
       variable_reference(65535, "variable_reference"), horizontal_justification(0, 15, 0, "horizontal_justification"),

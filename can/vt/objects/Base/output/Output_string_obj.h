@@ -16,7 +16,7 @@ public:
                       unsigned char background_colour, unsigned short font_attributes, unsigned char options,
                       unsigned short variable_reference, unsigned char horizontal_justification,
                       unsigned short length, char* string, unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Output_string_obj(Spec_node* spec);
+    explicit Output_string_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_OUTPUT_STRING; }
     // The font attributes object scales with the field.
     uint16_t __get_scaling_child() const override { return font_attributes; }

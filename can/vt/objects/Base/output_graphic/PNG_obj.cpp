@@ -18,8 +18,8 @@ PNG_obj::PNG_obj(unsigned short id, const char* name, unsigned short w, unsigned
     init_lists();
 }
 
-PNG_obj::PNG_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_PNG, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
+PNG_obj::PNG_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_PNG, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), actual_width(0, 65535, 0, "actual_width"),
       actual_height(0, 65535, 0, "actual_height"), format(0, 0, 0, "format"), byte_count("num_bytes", &bytes),
       num_macros("num_macros", &event_macro), bytes("bytes"), event_macro("event_macro")

@@ -16,7 +16,7 @@ public:
     PNG_obj(unsigned short id, const char* name, unsigned short width, unsigned short actual_width,
             unsigned short actual_height, unsigned char format, unsigned int num_bytes, unsigned char num_macros,
             unsigned char* bytes, Attribute_event_macro* macros);
-    explicit PNG_obj(Spec_node* spec);
+    explicit PNG_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_PNG; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, width)

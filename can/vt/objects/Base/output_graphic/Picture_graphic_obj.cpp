@@ -588,8 +588,8 @@ Picture_graphic_obj::Picture_graphic_obj(unsigned short id, const char* name, un
     object_init();
 }
 
-Picture_graphic_obj::Picture_graphic_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_PICTURE_GRAPHIC, 7, aid_table_storage, 10, every_table_storage, NO_NAME, NULL_ID),
+Picture_graphic_obj::Picture_graphic_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_PICTURE_GRAPHIC, 7, aid_table_storage, 10, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), actual_width(0, 65535, 0, "actual_width"),
       actual_height(0, 65535, 0, "actual_height"), format(0, "format"), options(0, 7, 0, "options"),
       transparency_colour(0, "transparency_colour"), byte_count("num_bytes", &bytes),

@@ -95,7 +95,7 @@ public:
                         unsigned short actual_height, format_t format, unsigned char options,
                         unsigned char transparency_colour, unsigned int num_bytes, unsigned char num_macros,
                         unsigned char* bytes, Attribute_event_macro* macros);
-    explicit Picture_graphic_obj(Spec_node* spec);
+    explicit Picture_graphic_obj(Spec_node* spec_node);
     ~Picture_graphic_obj() override;
     type_t get_ctype() const override { return TYPE_PICTURE_GRAPHIC; }
     // A server object is sent exactly as stored, whatever the terminal.

@@ -10,8 +10,8 @@ Colour_map_obj::Colour_map_obj(uint16_t id, const char* name, uint16_t num_colou
     init_lists();
 }
 
-Colour_map_obj::Colour_map_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_COLOUR_MAP, 1, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
+Colour_map_obj::Colour_map_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_COLOUR_MAP, 1, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
       colours("colours")
 {
     init_lists();

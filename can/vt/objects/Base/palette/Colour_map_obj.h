@@ -12,7 +12,7 @@ class Colour_map_obj : public VT_obj
 public:
     // Borrows `colours` (num_colours entries); the caller keeps it alive.
     Colour_map_obj(uint16_t id, const char* name, uint16_t num_colours, uint8_t* colours);
-    explicit Colour_map_obj(Spec_node* spec);
+    explicit Colour_map_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_COLOUR_MAP; }
 
     VT_GETTER(uint16_t, num_colours, colours.get_length())

@@ -11,8 +11,8 @@ Colour_palette_obj::Colour_palette_obj(uint16_t id, const char* name, uint8_t op
     init_lists();
 }
 
-Colour_palette_obj::Colour_palette_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_COLOUR_PALETTE, 2, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID),
+Colour_palette_obj::Colour_palette_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_COLOUR_PALETTE, 2, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID),
       options(0, 0, 0, "options"), colours("colours")
 {
     init_lists();

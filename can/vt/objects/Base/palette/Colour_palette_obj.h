@@ -12,7 +12,7 @@ class Colour_palette_obj : public VT_obj
 public:
     // Borrows `colours` (num_colours entries); the caller keeps it alive.
     Colour_palette_obj(uint16_t id, const char* name, uint8_t options, uint8_t num_colours, unsigned int* colours);
-    explicit Colour_palette_obj(Spec_node* spec);
+    explicit Colour_palette_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_COLOUR_PALETTE; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, options)

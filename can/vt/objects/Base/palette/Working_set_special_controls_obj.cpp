@@ -11,8 +11,8 @@ Working_set_special_controls_obj::Working_set_special_controls_obj(uint16_t id, 
     init_lists();
 }
 
-Working_set_special_controls_obj::Working_set_special_controls_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_WORKING_SET_SPECIAL_CONTROLS, 1, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
+Working_set_special_controls_obj::Working_set_special_controls_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_WORKING_SET_SPECIAL_CONTROLS, 1, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
       bytes("bytes")
 {
     init_lists();

@@ -12,7 +12,7 @@ class Working_set_special_controls_obj : public VT_obj
 public:
     // Borrows `bytes` (num_bytes entries); the caller keeps it alive.
     Working_set_special_controls_obj(uint16_t id, const char* name, uint16_t num_bytes, uint8_t* bytes);
-    explicit Working_set_special_controls_obj(Spec_node* spec);
+    explicit Working_set_special_controls_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_WORKING_SET_SPECIAL_CONTROLS; }
 
     VT_GETTER(uint16_t, num_bytes, bytes.get_length())

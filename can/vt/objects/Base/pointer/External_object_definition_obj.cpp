@@ -15,8 +15,8 @@ External_object_definition_obj::External_object_definition_obj(uint16_t id, cons
     init_lists();
 }
 
-External_object_definition_obj::External_object_definition_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_EXTERNAL_OBJECT_DEFINITION, 4, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID),
+External_object_definition_obj::External_object_definition_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_EXTERNAL_OBJECT_DEFINITION, 4, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID),
       options(0, 255, 0, "options"), name0(0, 4294967295u, 0, "name0"), name1(0, 4294967295u, 0, "name1"),
       num_list_items("num_list_items", &child_objects), child_objects("child_objects")
 {

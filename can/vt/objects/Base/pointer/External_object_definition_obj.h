@@ -15,7 +15,7 @@ public:
     External_object_definition_obj(uint16_t id, const char* name, unsigned char options, unsigned int name0,
                                    unsigned int name1, unsigned char num_list_items,
                                    Attribute_object_id* child_objects);
-    explicit External_object_definition_obj(Spec_node* spec);
+    explicit External_object_definition_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_EXTERNAL_OBJECT_DEFINITION; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, options)

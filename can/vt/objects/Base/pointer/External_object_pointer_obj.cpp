@@ -15,8 +15,8 @@ External_object_pointer_obj::External_object_pointer_obj(uint16_t id, const char
     init_lists();
 }
 
-External_object_pointer_obj::External_object_pointer_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_EXTERNAL_OBJECT_POINTER, 4, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID),
+External_object_pointer_obj::External_object_pointer_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_EXTERNAL_OBJECT_POINTER, 4, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID),
       default_object_id(65535, "default_object_id"), external_reference_name_id(65535, "external_reference_name_id"),
       value(65535, "value")
 {

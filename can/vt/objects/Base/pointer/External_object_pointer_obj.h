@@ -13,7 +13,7 @@ class External_object_pointer_obj : public VT_obj
 public:
     External_object_pointer_obj(uint16_t id, const char* name, unsigned short default_object_id,
                                 unsigned short external_reference_name_id, unsigned short value);
-    explicit External_object_pointer_obj(Spec_node* spec);
+    explicit External_object_pointer_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_EXTERNAL_OBJECT_POINTER; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, default_object_id)

@@ -12,8 +12,8 @@ External_reference_name_obj::External_reference_name_obj(uint16_t id, const char
     init_lists();
 }
 
-External_reference_name_obj::External_reference_name_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_EXTERNAL_REFERENCE_NAME, 4, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID),
+External_reference_name_obj::External_reference_name_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_EXTERNAL_REFERENCE_NAME, 4, aid_table_storage, 3, every_table_storage, NO_NAME, NULL_ID),
       options(0, 255, 0, "options"), name0(0, 4294967295u, 0, "name0"), name1(0, 4294967295u, 0, "name1")
 {
     init_lists();

@@ -13,7 +13,7 @@ class External_reference_name_obj : public VT_obj
 public:
     External_reference_name_obj(uint16_t id, const char* name, unsigned char options, unsigned int name0,
                                 unsigned int name1);
-    explicit External_reference_name_obj(Spec_node* spec);
+    explicit External_reference_name_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_EXTERNAL_REFERENCE_NAME; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, options)

@@ -12,8 +12,8 @@ Macro_obj::Macro_obj(uint16_t id, const char* name, unsigned short num_bytes_v, 
     init_lists();
 }
 
-Macro_obj::Macro_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_MACRO, 1, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
+Macro_obj::Macro_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_MACRO, 1, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
       byte_count("num_bytes", &bytes), bytes("bytes")
 {
     init_lists();

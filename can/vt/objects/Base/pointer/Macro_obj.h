@@ -14,7 +14,7 @@ class Macro_obj : public VT_obj
 public:
     // Borrows `bytes` (num_bytes bytes); the caller keeps it alive.
     Macro_obj(uint16_t id, const char* name, unsigned short num_bytes, unsigned char* bytes);
-    explicit Macro_obj(Spec_node* spec);
+    explicit Macro_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_MACRO; }
     // The generic print, then the command bytes in hex on one line; `depth` is the print depth.
     void __print_me(std::ostream& os, int depth) const override;

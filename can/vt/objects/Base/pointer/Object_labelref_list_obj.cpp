@@ -11,8 +11,8 @@ Object_labelref_list_obj::Object_labelref_list_obj(uint16_t id, const char* name
     init_lists();
 }
 
-Object_labelref_list_obj::Object_labelref_list_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_OBJECT_LABELREF_LIST, 2, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
+Object_labelref_list_obj::Object_labelref_list_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_OBJECT_LABELREF_LIST, 2, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
       num_labelrefs("num_labelrefs", &labelrefs), labelrefs("labelrefs")
 {
     init_lists();

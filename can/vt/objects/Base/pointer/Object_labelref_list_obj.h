@@ -13,7 +13,7 @@ public:
     // Copies num_labelrefs entries of `labelrefs`.
     Object_labelref_list_obj(uint16_t id, const char* name, unsigned short num_labelrefs,
                              Attribute_labelref* labelrefs);
-    explicit Object_labelref_list_obj(Spec_node* spec);
+    explicit Object_labelref_list_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_OBJECT_LABELREF_LIST; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, num_labelrefs)

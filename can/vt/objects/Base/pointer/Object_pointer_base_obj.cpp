@@ -10,8 +10,8 @@ Object_pointer_base_obj::Object_pointer_base_obj(uint16_t id, const char* name, 
     init_lists();
 }
 
-Object_pointer_base_obj::Object_pointer_base_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_OBJECT_POINTER, 2, aid_table_storage, 1, every_table_storage, NO_NAME, NULL_ID),
+Object_pointer_base_obj::Object_pointer_base_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_OBJECT_POINTER, 2, aid_table_storage, 1, every_table_storage, NO_NAME, NULL_ID),
       value(65535, "value")
 {
     init_lists();

@@ -11,7 +11,7 @@ class Object_pointer_base_obj : public VT_obj
 {
 public:
     Object_pointer_base_obj(uint16_t id, const char* name, unsigned short value);
-    explicit Object_pointer_base_obj(Spec_node* spec);
+    explicit Object_pointer_base_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_OBJECT_POINTER; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, value)

@@ -13,8 +13,8 @@ Object_pointer_obj::Object_pointer_obj(uint16_t id, const char* name, unsigned c
     init_lists();
 }
 
-Object_pointer_obj::Object_pointer_obj(Spec_node* spec)
-    : Object_pointer_base_obj(spec), num_dynamic("num_dynamic", &dynamic_children),
+Object_pointer_obj::Object_pointer_obj(Spec_node* spec_node)
+    : Object_pointer_base_obj(spec_node), num_dynamic("num_dynamic", &dynamic_children),
       dynamic_children("dynamic_children")
 {
     init_lists();

@@ -17,7 +17,7 @@ public:
     // Borrows `dynamic_children` (num_dynamic ids); the caller keeps it alive.
     Object_pointer_obj(uint16_t id, const char* name, unsigned char num_dynamic, unsigned short* dynamic_children,
                        unsigned short value);
-    explicit Object_pointer_obj(Spec_node* spec);
+    explicit Object_pointer_obj(Spec_node* spec_node);
 
     // Walk order: "num_dynamic", "dynamic_children", then "value".
     Attribute* get_every_attribute(uint16_t i) const override;

@@ -15,8 +15,8 @@ Ellipse_obj::Ellipse_obj(unsigned short id, const char* name, unsigned short lin
     init_lists();
 }
 
-Ellipse_obj::Ellipse_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_ELLIPSE, 8, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID)
+Ellipse_obj::Ellipse_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_ELLIPSE, 8, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

@@ -15,7 +15,7 @@ public:
                 unsigned short height, unsigned char ellipse_type, unsigned char start_angle,
                 unsigned char end_angle, unsigned short fill_attributes, unsigned char num_macros,
                 Attribute_event_macro* event_macro);
-    explicit Ellipse_obj(Spec_node* spec);
+    explicit Ellipse_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_ELLIPSE; }
 
     // Scaling an ellipse reaches its line width.

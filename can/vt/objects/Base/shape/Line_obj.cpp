@@ -12,8 +12,8 @@ Line_obj::Line_obj(unsigned short id, const char* name, unsigned short line_attr
     init_lists();
 }
 
-Line_obj::Line_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_LINE, 5, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
+Line_obj::Line_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_LINE, 5, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

@@ -14,7 +14,7 @@ public:
     Line_obj(unsigned short id, const char* name, unsigned short line_attributes, unsigned short width,
              unsigned short height, unsigned char line_direction, unsigned char num_macros,
              Attribute_event_macro* event_macro);
-    explicit Line_obj(Spec_node* spec);
+    explicit Line_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_LINE; }
 
     // A line cannot be drawn without line attributes: a pool that leaves them out is refused.

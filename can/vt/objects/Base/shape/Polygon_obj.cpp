@@ -15,8 +15,8 @@ Polygon_obj::Polygon_obj(unsigned short id, const char* name, unsigned short w, 
     init_lists();
 }
 
-Polygon_obj::Polygon_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_POLYGON, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID)
+Polygon_obj::Polygon_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_POLYGON, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

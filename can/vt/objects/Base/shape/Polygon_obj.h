@@ -15,7 +15,7 @@ public:
                 unsigned short line_attributes, unsigned short fill_attributes, unsigned char polygon_type,
                 unsigned char num_points, unsigned char num_macros, Attribute_point* points,
                 Attribute_event_macro* event_macro);
-    explicit Polygon_obj(Spec_node* spec);
+    explicit Polygon_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_POLYGON; }
 
     // Scales the points as well as the box.

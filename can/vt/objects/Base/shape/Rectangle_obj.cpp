@@ -14,8 +14,8 @@ Rectangle_obj::Rectangle_obj(unsigned short id, const char* name, unsigned short
     init_lists();
 }
 
-Rectangle_obj::Rectangle_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_RECTANGLE, 6, aid_table_storage, 7, every_table_storage, NO_NAME, NULL_ID)
+Rectangle_obj::Rectangle_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_RECTANGLE, 6, aid_table_storage, 7, every_table_storage, NO_NAME, NULL_ID)
 {
     init_lists();
 }

@@ -14,7 +14,7 @@ public:
     Rectangle_obj(unsigned short id, const char* name, unsigned short line_attributes, unsigned short width,
                   unsigned short height, unsigned char line_suppression, unsigned short fill_attributes,
                   unsigned char num_macros, Attribute_event_macro* event_macro);
-    explicit Rectangle_obj(Spec_node* spec);
+    explicit Rectangle_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_RECTANGLE; }
 
     // A rectangle cannot be outlined without line attributes: a pool that leaves them out

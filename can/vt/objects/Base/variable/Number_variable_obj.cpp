@@ -10,8 +10,8 @@ Number_variable_obj::Number_variable_obj(uint16_t id, const char* name, uint32_t
     init_lists();
 }
 
-Number_variable_obj::Number_variable_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_NUMBER_VARIABLE, 2, aid_table_storage, 1, every_table_storage, NO_NAME, NULL_ID),
+Number_variable_obj::Number_variable_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_NUMBER_VARIABLE, 2, aid_table_storage, 1, every_table_storage, NO_NAME, NULL_ID),
       value(0, 4294967295u, 0, "value")
 {
     init_lists();

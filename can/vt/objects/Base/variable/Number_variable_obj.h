@@ -11,7 +11,7 @@ class Number_variable_obj : public VT_obj
 {
 public:
     Number_variable_obj(uint16_t id, const char* name, uint32_t value);
-    explicit Number_variable_obj(Spec_node* spec);
+    explicit Number_variable_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_NUMBER_VARIABLE; }
 
     VT_ATTRIBUTE_GETTER(uint32_t, value)

@@ -10,8 +10,8 @@ String_variable_obj::String_variable_obj(uint16_t id, const char* name, uint16_t
     init_lists();
 }
 
-String_variable_obj::String_variable_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_STRING_VARIABLE, 1, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
+String_variable_obj::String_variable_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_STRING_VARIABLE, 1, aid_table_storage, 2, every_table_storage, NO_NAME, NULL_ID),
       length("length", &string), string("string")
 {
     init_lists();

@@ -12,7 +12,7 @@ class String_variable_obj : public VT_obj
 public:
     // Borrows `string` (length bytes); the caller keeps it alive.
     String_variable_obj(uint16_t id, const char* name, uint16_t length, char* string);
-    explicit String_variable_obj(Spec_node* spec);
+    explicit String_variable_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_STRING_VARIABLE; }
 
     VT_GETTER(uint16_t, length, string.get_length())

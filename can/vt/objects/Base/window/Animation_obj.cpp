@@ -22,8 +22,8 @@ Animation_obj::Animation_obj(uint16_t id, const char* name, uint16_t width_, uin
     init_lists();
 }
 
-Animation_obj::Animation_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_ANIMATION, 10, aid_table_storage, 13, every_table_storage, NO_NAME, NULL_ID),
+Animation_obj::Animation_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_ANIMATION, 10, aid_table_storage, 13, every_table_storage, NO_NAME, NULL_ID),
       width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), refresh_interval(0, 65535, 0, "refresh_interval"),
       value(0, 255, 0, "value"), enabled(0, 1, 0, "enabled"), first_child_index(0, 254, 0, "first_child_index"),
       last_child_index(0, 254, 0, "last_child_index"), default_child_index(0, 254, 0, "default_child_index"),
@@ -47,7 +47,7 @@ bool Animation_obj::__set_by_spec(scale_area_t area)
     uint8_t declared = 0;
     bool result;
     uint32_t count;
-    if (spec && spec->get_uint8(&declared, "num_objects")) {
+    if (spec_node && spec_node->get_uint8(&declared, "num_objects")) {
         // The declared count wins over the children listed: missing ones become NULL entries.
         child_location.set_length(declared);
         result = VT_obj::__set_by_spec(area);

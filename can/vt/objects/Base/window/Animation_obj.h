@@ -15,7 +15,7 @@ public:
                   uint8_t value, uint8_t enabled, uint8_t first_child_index, uint8_t last_child_index,
                   uint8_t default_child_index, uint8_t options, uint8_t num_objects, uint8_t num_macros,
                   Attribute_object_placement* objects, Attribute_event_macro* macros);
-    explicit Animation_obj(Spec_node* spec);
+    explicit Animation_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_ANIMATION; }
 
     // A pool description may declare more children than it lists ("num_objects"); every counted child

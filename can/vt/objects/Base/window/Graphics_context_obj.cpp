@@ -28,8 +28,8 @@ Graphics_context_obj::Graphics_context_obj(uint16_t id, const char* name, uint16
     init_lists();
 }
 
-Graphics_context_obj::Graphics_context_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_GRAPHICS_CONTEXT, 18, aid_table_storage, 17, every_table_storage, NO_NAME, NULL_ID),
+Graphics_context_obj::Graphics_context_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_GRAPHICS_CONTEXT, 18, aid_table_storage, 17, every_table_storage, NO_NAME, NULL_ID),
       viewport_width(0, 32767, 0, "viewport_width"), viewport_height(0, 32767, 0, "viewport_height"),
       viewport_x(-32768, 32767, 0, "viewport_x"), viewport_y(-32768, 32767, 0, "viewport_y"),
       canvas_width(0, 32767, 0, "canvas_width"), canvas_height(0, 32767, 0, "canvas_height"),

@@ -17,7 +17,7 @@ public:
                          uint8_t foreground_colour, uint8_t background_colour, uint16_t font_attributes,
                          uint16_t line_attributes, uint16_t fill_attributes, uint8_t format, uint8_t options,
                          uint8_t transparency_colour);
-    explicit Graphics_context_obj(Spec_node* spec);
+    explicit Graphics_context_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_GRAPHICS_CONTEXT; }
 
     VT_ATTRIBUTE_GETTER(uint16_t, viewport_width)

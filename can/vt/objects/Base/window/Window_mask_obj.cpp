@@ -20,8 +20,8 @@ Window_mask_obj::Window_mask_obj(uint16_t id, const char* name, uint8_t width_co
     init_lists();
 }
 
-Window_mask_obj::Window_mask_obj(Spec_node* spec)
-    : VT_obj(spec, TYPE_WINDOW_MASK, 4, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
+Window_mask_obj::Window_mask_obj(Spec_node* spec_node)
+    : VT_obj(spec_node, TYPE_WINDOW_MASK, 4, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
       width_columns(1, 2, 1, "width_columns"), height_rows(1, 6, 1, "height_rows"),
       window_type(0, 18, 0, "window_type"),
       background_colour(0, "background_colour"), options(0, 3, 0, "options"), window_name(NULL_ID, "window_name"),

@@ -17,7 +17,7 @@ public:
                     uint16_t window_icon, uint8_t num_required_object_refs, uint8_t num_objects, uint8_t num_macros,
                     Attribute_object_id* required_object_refs, Attribute_object_placement* objects,
                     Attribute_event_macro* macros);
-    explicit Window_mask_obj(Spec_node* spec);
+    explicit Window_mask_obj(Spec_node* spec_node);
     type_t get_ctype() const override { return TYPE_WINDOW_MASK; }
 
     VT_ATTRIBUTE_GETTER(uint8_t, width_columns)

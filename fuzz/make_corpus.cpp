@@ -1,8 +1,8 @@
-// Writes seed inputs for the fuzz targets from real pools and descriptions:
-//   fuzz_seeds OUT_DIR FILE...
+// Writes salt inputs for the fuzz targets from real pools and descriptions:
+//   fuzz_corpus OUT_DIR FILE...
 // Pool files (.iop and others) are read with the pool reader and descriptions (.xml) built;
-// each object becomes a seed for fuzz_object (its type byte and attribute bytes), and each
-// picture graphic a seed for fuzz_picture (its size, format, options and data).
+// each object becomes a salt for fuzz_object (its type byte and attribute bytes), and each
+// picture graphic a salt for fuzz_picture (its size, format, options and data).
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -15,7 +15,7 @@
 
 namespace {
 
-void write_seed(const QString& dir, const QByteArray& bytes)
+void write_input(const QString& dir, const QByteArray& bytes)
 {
     QDir().mkpath(dir);
     QFile f(dir + "/" + QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex());
@@ -23,7 +23,7 @@ void write_seed(const QString& dir, const QByteArray& bytes)
         f.write(bytes);
 }
 
-QByteArray picture_seed(VT::Base::Picture_graphic_obj& pic)
+QByteArray picture_input(VT::Base::Picture_graphic_obj& pic)
 {
     QByteArray s;
     const uint16_t w = pic.get_actual_width(), h = pic.get_actual_height();
@@ -63,15 +63,15 @@ int main(int argc, char** argv)
         for (VT::VT_obj* obj : pool.objects()) {
             QByteArray bytes = VT::Pool_file::object_bytes(*obj);
             if (bytes.size() > 2) {
-                write_seed(out + "/fuzz_object", bytes.mid(2));
+                write_input(out + "/fuzz_object", bytes.mid(2));
                 ++objects;
             }
             if (auto* pic = dynamic_cast<VT::Base::Picture_graphic_obj*>(obj)) {
-                write_seed(out + "/fuzz_picture", picture_seed(*pic));
+                write_input(out + "/fuzz_picture", picture_input(*pic));
                 ++pictures;
             }
         }
     }
-    printf("seeds: %d objects, %d pictures\n", objects, pictures);
+    printf("starting inputs: %d objects, %d pictures\n", objects, pictures);
     return 0;
 }
