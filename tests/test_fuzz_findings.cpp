@@ -129,3 +129,32 @@ TEST(Fuzz_findings, description_build_gives_standard_output_back_its_missing_buf
     std::cout.clear();
     EXPECT_EQ(after, nullptr);
 }
+
+// A plain picture 65535 pixels wide with 80 bytes of data: every 1,785-byte transport chunk of
+// its 16-colour form packed a whole row (and filled it with 255 first) to send a sliver of
+// it, 36 times the work of the chunk. Chunks now pack only their own bytes; here, against the
+// pixels computed apart, for a wide picture whose data runs out in its second row.
+TEST(Fuzz_findings, wide_plain_picture_chunks_pack_only_their_own_bytes)
+{
+    Terminal vt(FOUR_BIT_COLOUR);
+    const uint16_t w = 1001, h = 3;
+    Bytes data(1500);
+    for (size_t i = 0; i < data.size(); ++i)
+        data[i] = uint8_t(i * 7 + 16);
+    auto pic = make_picture(w, h, EIGHT_BIT_COLOUR, 0, data);
+    pic->set_pool_helper(&vt);
+
+    auto nibble = [&](size_t row, size_t col) {
+        const size_t at = row * w + col;
+        return Attribute_colour::remap_colour(at < data.size() ? data[at] : 255, FOUR_BIT_COLOUR) & 0x0F;
+    };
+    Bytes expected;
+    for (size_t r = 0; r < h; ++r)
+        for (size_t c = 0; c < w; c += 2)
+            expected.push_back(uint8_t(nibble(r, c) << 4 | (c + 1 < w ? nibble(r, c + 1) : 0)));
+
+    Bytes whole = test::serialise_whole(*pic);
+    EXPECT_EQ(pixel_data(whole), expected);
+    for (int piece : {1, 3, 250, 499, 501, 1785})
+        ASSERT_EQ(test::serialise_in_pieces(*pic, piece), whole) << "piece " << piece;
+}

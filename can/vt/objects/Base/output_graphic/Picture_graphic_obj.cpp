@@ -353,38 +353,30 @@ int Picture_graphic_obj::Attribute_array_pixel::serialise_4_bit_plain(int offset
     const Colour_table& remap = remap_table(FOUR_BIT_COLOUR);
     const uint8_t* raw = stored();
     const size_t n = stored_bytes();
-    std::unique_ptr<uint8_t[]> packed(new uint8_t[row_bytes]);
-    std::unique_ptr<uint8_t[]> partial;
     size_t r = size_t(offset) / row_bytes, skip = size_t(offset) % row_bytes;
     int written = 0;
     for (; r < H && written < len; ++r, skip = 0) {
-        // The stored data is W x H pixels, one per byte; pixels it lacks read as index 255.
+        // Only the bytes of the row that are asked for are packed: byte b holds pixels 2b (high
+        // nibble) and 2b + 1 (low nibble; 0 past the end of a row of odd width).
+        const size_t k = std::min(row_bytes - skip, size_t(len - written));
+        uint8_t* dst = out + written;
         const size_t from = r * W;
-        const uint8_t* src;
+        size_t c = 2 * skip;
+        const size_t end = std::min<size_t>(c + 2 * k, W);
         if (from + W <= n) {
-            src = raw + from;
+            const uint8_t* src = raw + from;
+            for (; c + 1 < end; c += 2)
+                *dst++ = uint8_t((remap[src[c]] & 0x0F) << 4 | (remap[src[c + 1]] & 0x0F));
+            if (c < end)
+                *dst = uint8_t((remap[src[c]] & 0x0F) << 4);
         } else {
-            if (!partial)
-                partial.reset(new uint8_t[W]);
-            memset(partial.get(), 255, W);
-            if (from < n)
-                memcpy(partial.get(), raw + from, n - from);
-            src = partial.get();
+            // The stored data is W x H pixels, one per byte; pixels it lacks read as index 255.
+            auto pixel = [&](size_t col) { return remap[from + col < n ? raw[from + col] : 255] & 0x0F; };
+            for (; c + 1 < end; c += 2)
+                *dst++ = uint8_t(pixel(c) << 4 | pixel(c + 1));
+            if (c < end)
+                *dst = uint8_t(pixel(c) << 4);
         }
-        const size_t room = size_t(len - written);
-        // A row that is wanted whole is packed straight into the output.
-        const bool direct = skip == 0 && room >= row_bytes;
-        uint8_t* dst = direct ? out + written : packed.get();
-        // Two pixels to a byte, the first in the high nibble; an odd last pixel leaves the
-        // low nibble 0.
-        uint32_t c = 0;
-        for (size_t b = 0; c + 1 < W; ++b, c += 2)
-            dst[b] = uint8_t((remap[src[c]] & 0x0F) << 4 | (remap[src[c + 1]] & 0x0F));
-        if (c < W)
-            dst[row_bytes - 1] = uint8_t((remap[src[c]] & 0x0F) << 4);
-        const size_t k = std::min(row_bytes - skip, room);
-        if (!direct)
-            memcpy(out + written, packed.get() + skip, k);
         written += int(k);
     }
     return written;
