@@ -1,8 +1,8 @@
-// Writes salt inputs for the fuzz targets from real pools and descriptions:
+// Writes starting inputs for the fuzz targets from real pools and descriptions:
 //   fuzz_corpus OUT_DIR FILE...
 // Pool files (.iop and others) are read with the pool reader and descriptions (.xml) built;
-// each object becomes a salt for fuzz_object (its type byte and attribute bytes), and each
-// picture graphic a salt for fuzz_picture (its size, format, options and data).
+// each object becomes a starting input for fuzz_object (its type byte and attribute bytes), and each
+// picture graphic one for fuzz_picture (its size, format, options and data).
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
