@@ -1,6 +1,8 @@
 #include "tools/Object_factory.h"
 
 #include <QHash>
+#include <QVector>
+#include <new>
 
 namespace VT {
 
@@ -12,8 +14,16 @@ VT_obj* make(Spec_node* spec_node)
     return new X(spec_node);
 }
 
-#define VT_CLASS(TYPE, CLASS) {VT_obj_type::TYPE, &make<Base::CLASS>, true}
-#define VT_DESCRIPTION_ONLY(TYPE, CLASS) {VT_obj_type::TYPE, &make<Base::CLASS>, false}
+template <class X>
+VT_obj* make_at(void* place, Spec_node* spec_node)
+{
+    return new (place) X(spec_node);
+}
+
+#define VT_ENTRY(TYPE, CLASS, IN_POOL_FILES) \
+    {VT_obj_type::TYPE, &make<Base::CLASS>, &make_at<Base::CLASS>, sizeof(Base::CLASS), IN_POOL_FILES}
+#define VT_CLASS(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, true)
+#define VT_DESCRIPTION_ONLY(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, false)
 
 // Every object class of the library.
 const Object_factory::Entry classes[] = {
@@ -78,20 +88,28 @@ const Object_factory::Entry classes[] = {
 
 #undef VT_CLASS
 #undef VT_DESCRIPTION_ONLY
+#undef VT_ENTRY
 
 struct Index
 {
     QList<const Object_factory::Entry*> entries;
     QHash<QString, const Object_factory::Entry*> by_name;
-    QHash<unsigned, const Object_factory::Entry*> by_type;
+    // Reading a pool looks up every object's type: plain types index an array, the few
+    // extended (configuration) types are searched.
+    const Object_factory::Entry* by_type[256] = {};
+    QVector<const Object_factory::Entry*> extended;
 
     Index()
     {
         for (const Object_factory::Entry& e : classes) {
             entries.append(&e);
             by_name.insert(QString::fromLatin1(e.name()), &e);
-            if (e.in_pool_files)
-                by_type.insert(unsigned(e.type), &e);
+            if (!e.in_pool_files)
+                continue;
+            if (unsigned(e.type) < 256)
+                by_type[e.type] = &e;
+            else
+                extended.append(&e);
         }
     }
 };
@@ -111,7 +129,13 @@ const Object_factory::Entry* Object_factory::find(const QString& type_name)
 
 const Object_factory::Entry* Object_factory::find_for_pool(unsigned full_type)
 {
-    return index().by_type.value(full_type, nullptr);
+    const Index& i = index();
+    if (full_type < 256)
+        return i.by_type[full_type];
+    for (const Object_factory::Entry* e : i.extended)
+        if (unsigned(e->type) == full_type)
+            return e;
+    return nullptr;
 }
 
 const QList<const Object_factory::Entry*>& Object_factory::all()

@@ -17,6 +17,10 @@ public:
     {
         VT_obj_type::type_t type; // full type (configuration objects carry their extended type)
         VT_obj* (*make)(Spec_node* spec_node);
+        // Builds the object in `size` bytes of storage at `place` (aligned for any object);
+        // it is then ended with its destructor, never with delete.
+        VT_obj* (*make_at)(void* place, Spec_node* spec_node);
+        size_t size;
         bool in_pool_files;       // false: built only from descriptions (travels as another type)
         const char* name() const { return VT_obj_type::get_type_string(type); }
     };

@@ -2,6 +2,7 @@
 
 #include <cassert>
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 
 namespace VT {
@@ -40,17 +41,104 @@ Object_pool::Object_pool() : pool_helper(*this) {}
 Object_pool::~Object_pool()
 {
     clear();
+    arena.release();
     kept.clear();
+}
+
+// Objects made by create() carry the arena in the second word of their first list hook.
+bool Object_pool::made_here(VT_obj* obj) const
+{
+    return obj->get_list_hook(0)[1] == &arena;
+}
+
+void Object_pool::destroy(VT_obj* obj)
+{
+    if (made_here(obj))
+        obj->~VT_obj();
+    else
+        delete obj;
 }
 
 void Object_pool::clear()
 {
     QVector<VT_obj*> old;
     old.swap(list);
-    by_id.reset();
+    for (auto& page : by_id)
+        page.reset();
     by_name.clear();
     for (VT_obj* obj : old)
-        delete obj;
+        destroy(obj);
+    arena.rewind();
+}
+
+VT_obj* Object_pool::create(const Object_factory::Entry& entry, Spec_node* spec_node)
+{
+    VT_obj* obj = entry.make_at(arena.allocate(entry.size), spec_node);
+    obj->get_list_hook(0)[1] = &arena;
+    return obj;
+}
+
+void Object_pool::discard(VT_obj* obj)
+{
+    if (!obj)
+        return;
+    const bool mine = made_here(obj);
+    destroy(obj);
+    if (mine)
+        arena.release_last(obj);
+}
+
+void* Object_pool::Arena::allocate(size_t size)
+{
+    const size_t ALIGN = alignof(std::max_align_t);
+    size = (size + ALIGN - 1) & ~(ALIGN - 1);
+    if (size > left) {
+        // Blocks kept from before a clear() are filled again first.
+        while (reuse < blocks.size() && blocks[reuse].size < size)
+            ++reuse;
+        if (reuse < blocks.size()) {
+            at = blocks[reuse].memory.get();
+            left = blocks[reuse].size;
+            ++reuse;
+        } else {
+            // Blocks of 256 KiB: a large pool needs few of them and leaves little unused.
+            const size_t block = std::max(size_t(256) << 10, size);
+            blocks.push_back({std::unique_ptr<unsigned char[]>(new unsigned char[block]), block});
+            reuse = blocks.size();
+            at = blocks.back().memory.get();
+            left = block;
+        }
+    }
+    void* p = at;
+    at += size;
+    left -= size;
+    last = p;
+    return p;
+}
+
+void Object_pool::Arena::release_last(void* p)
+{
+    if (p != last || blocks.empty())
+        return;
+    unsigned char* start = static_cast<unsigned char*>(p);
+    left += size_t(at - start);
+    at = start;
+    last = nullptr;
+}
+
+void Object_pool::Arena::rewind()
+{
+    // The first block is used again from its start; the others are filled after it in order.
+    reuse = 0;
+    at = nullptr;
+    left = 0;
+    last = nullptr;
+}
+
+void Object_pool::Arena::release()
+{
+    blocks.clear();
+    rewind();
 }
 
 uint32_t Object_pool::Name_index::hash_of(const char* s, size_t len)
@@ -73,76 +161,62 @@ uint32_t Object_pool::Name_index::hash_of(const char* s, size_t len)
     return uint32_t(h);
 }
 
-const Object_pool::Name_index::Slot* Object_pool::Name_index::lookup(const char* name, size_t len, uint32_t h) const
+Object_pool::Name_index::Probe Object_pool::Name_index::probe(const char* name, size_t len, const Objects& objects)
 {
+    if (4 * (used + 1) > 3 * table.size())
+        grow();
+    const uint32_t h = hash_of(name, len);
     const size_t mask = table.size() - 1;
     for (size_t i = h & mask;; i = (i + 1) & mask) {
         const Slot& s = table[i];
-        if (!s.key || (s.hash == h && s.len == len && memcmp(s.key, name, len) == 0))
-            return &s;
+        if (s.position == 0)
+            return {nullptr, uint32_t(i), h};
+        if (s.hash == h) {
+            VT_obj* obj = objects[int(s.position - 1)];
+            const char* key = obj->VT_obj_base::get_name();
+            if (memcmp(key, name, len) == 0 && key[len] == '\0')
+                return {obj, uint32_t(i), h};
+        }
     }
 }
 
-VT_obj* Object_pool::Name_index::find(const char* name, size_t len) const
+VT_obj* Object_pool::Name_index::find(const char* name, size_t len, const Objects& objects) const
 {
     if (used == 0)
         return nullptr;
-    const Slot* s = lookup(name, len, hash_of(name, len));
-    return s->key ? s->obj : nullptr;
+    // A name longer than any object's cannot be indexed (and must not be hashed past the
+    // names kept in the objects).
+    if (len > size_t(VT_obj::NAME_LEN))
+        return nullptr;
+    return const_cast<Name_index*>(this)->probe(name, len, objects).found;
 }
 
-const char* Object_pool::Name_index::keep(const char* s, size_t len)
+void Object_pool::Name_index::insert(const Probe& at, uint32_t position)
 {
-    const size_t BLOCK = 16384;
-    if (len > block_left) {
-        const size_t size = std::max(BLOCK, len);
-        blocks.emplace_back(new char[size]);
-        block_at = blocks.back().get();
-        block_left = size;
-    }
-    char* at = block_at;
-    if (len)
-        memcpy(at, s, len);
-    block_at += len;
-    block_left -= len;
-    return at;
+    table[at.slot] = {at.hash, position + 1};
+    ++used;
 }
 
 void Object_pool::Name_index::grow()
 {
-    std::vector<Slot> old(std::max<size_t>(64, table.size() * 2));
+    std::vector<Slot> old(std::max<size_t>(64, table.size() * 2), Slot{0, 0});
     old.swap(table);
     const size_t mask = table.size() - 1;
     for (const Slot& s : old) {
-        if (!s.key)
+        if (s.position == 0)
             continue;
         size_t i = s.hash & mask;
-        while (table[i].key)
+        while (table[i].position)
             i = (i + 1) & mask;
         table[i] = s;
     }
 }
 
-void Object_pool::Name_index::insert(const char* name, size_t len, VT_obj* obj)
-{
-    if (2 * (used + 1) > table.size())
-        grow();
-    const uint32_t h = hash_of(name, len);
-    Slot& s = const_cast<Slot&>(*lookup(name, len, h));
-    s.key = keep(name, len);
-    s.len = uint32_t(len);
-    s.hash = h;
-    s.obj = obj;
-    ++used;
-}
-
 void Object_pool::Name_index::clear()
 {
     table.clear();
+    table.shrink_to_fit();
     used = 0;
-    blocks.clear();
-    block_left = 0;
-    block_at = nullptr;
 }
 
 bool Object_pool::add(VT_obj* obj, QString* error)
@@ -158,7 +232,7 @@ bool Object_pool::add(VT_obj* obj, QString* error)
     auto fail = [&](const QString& why) {
         if (error)
             *error = why;
-        delete obj;
+        discard(obj);
         return false;
     };
     if (id == VT_obj::NULL_ID)
@@ -168,21 +242,27 @@ bool Object_pool::add(VT_obj* obj, QString* error)
                         .arg(id)
                         .arg(QString::fromUtf8(name))
                         .arg(QString::fromUtf8(other->VT_obj_base::get_name())));
-    bool named = name_len > 0 && strcmp(name, VT_obj::NO_NAME) != 0;
-    if (named)
-        if (VT_obj* other = by_name.find(name, name_len))
+    const bool named = name_len > 0 && strcmp(name, VT_obj::NO_NAME) != 0;
+    Name_index::Probe slot{nullptr, 0, 0};
+    if (named) {
+        slot = by_name.probe(name, name_len, list);
+        if (slot.found)
             return fail(QStringLiteral("name '%1' is already used by object %2")
                             .arg(QString::fromUtf8(name))
-                            .arg(other->__get_id()));
-    obj->set_pool_helper(&pool_helper);
-    list.append(obj);
-    if (!by_id) {
-        by_id.reset(new VT_obj*[65536]);
-        std::fill(by_id.get(), by_id.get() + 65536, nullptr);
+                            .arg(slot.found->__get_id()));
     }
-    by_id[id] = obj;
+    obj->set_pool_helper(&pool_helper);
+    // The first word of the object's first list hook names the pool holding it.
+    obj->get_list_hook(0)[0] = this;
     if (named)
-        by_name.insert(name, name_len, obj);
+        by_name.insert(slot, uint32_t(list.size()));
+    list.append(obj);
+    auto& page = by_id[id >> 8];
+    if (!page) {
+        page.reset(new VT_obj*[256]);
+        std::fill(page.get(), page.get() + 256, nullptr);
+    }
+    page[id & 0xFF] = obj;
     return true;
 }
 

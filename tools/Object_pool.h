@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include "tools/Object_factory.h"
 #include "vt_core.h"
 
 namespace VT {
@@ -74,12 +75,24 @@ public:
 
     // Takes ownership of obj (also when it fails). Fails, with a reason in `error`, when the id
     // or the name is already taken; objects named VT_obj::NO_NAME or "" are not indexed by name.
+    // Once added, an object counts as in a list: its name is fixed.
     bool add(VT_obj* obj, QString* error = nullptr);
-    // Deletes every object.
+    // Builds an object of the entry's class in the pool's own storage, not yet added: hand it
+    // to add() or discard(). Objects made here cost no heap allocation of their own and lie
+    // together in memory, which is what makes reading large pools fast.
+    VT_obj* create(const Object_factory::Entry& entry, Spec_node* spec_node = nullptr);
+    // Ends an object made by create() that was not added.
+    void discard(VT_obj* obj);
+    // Deletes every object. The storage of objects made by create() is kept for the objects
+    // that follow (a host that reloads its pool reuses it); the destructor frees it.
     void clear();
 
-    VT_obj* find(uint16_t id) const { return by_id ? by_id[id] : nullptr; }
-    VT_obj* find(const QByteArray& name) const { return by_name.find(name.constData(), size_t(name.size())); }
+    VT_obj* find(uint16_t id) const
+    {
+        const auto& page = by_id[id >> 8];
+        return page ? page[id & 0xFF] : nullptr;
+    }
+    VT_obj* find(const QByteArray& name) const { return by_name.find(name.constData(), size_t(name.size()), list); }
     // In the order they were added (the order they are written in).
     const QVector<VT_obj*>& objects() const { return list; }
     int size() const { return list.size(); }
@@ -106,39 +119,70 @@ public:
 private:
     friend class Helper;
 
-    // Objects by name: open addressing over copies of the names kept in blocks, so that adding
-    // an object allocates nothing in the common case.
+    // Objects by name: open addressing over positions in the object list. The names themselves
+    // stay in the objects (an object in the pool cannot be renamed), so a slot is 8 bytes.
     class Name_index
     {
     public:
-        VT_obj* find(const char* name, size_t len) const;
-        // `name` must not be indexed yet.
-        void insert(const char* name, size_t len, VT_obj* obj);
+        typedef QVector<VT_obj*> Objects;
+        VT_obj* find(const char* name, size_t len, const Objects& objects) const;
+        // The slot for `name`: its object when indexed, else where to put it (see insert).
+        struct Probe
+        {
+            VT_obj* found;
+            uint32_t slot;
+            uint32_t hash;
+        };
+        Probe probe(const char* name, size_t len, const Objects& objects);
+        // Records objects[position] at the slot an unsuccessful probe returned.
+        void insert(const Probe& at, uint32_t position);
         void clear();
 
     private:
         struct Slot
         {
-            const char* key = nullptr; // null: empty
-            uint32_t len = 0;
-            uint32_t hash = 0;
-            VT_obj* obj = nullptr;
+            uint32_t hash;
+            uint32_t position; // in the object list, plus 1; 0: empty
         };
         static uint32_t hash_of(const char* s, size_t len);
-        const Slot* lookup(const char* name, size_t len, uint32_t h) const;
-        const char* keep(const char* s, size_t len);
         void grow();
 
-        std::vector<Slot> table; // a power of two in size, at most half full
+        std::vector<Slot> table; // a power of two in size, at most three quarters full
         size_t used = 0;
-        std::vector<std::unique_ptr<char[]>> blocks;
-        size_t block_left = 0;
-        char* block_at = nullptr;
     };
 
+    // Storage for the objects made by create(): large blocks, handed out in order.
+    class Arena
+    {
+    public:
+        void* allocate(size_t size);
+        // Gives back the last allocation when `p` is it (a discarded object).
+        void release_last(void* p);
+        // Hands out the blocks already held again, from the first.
+        void rewind();
+        void release();
+
+    private:
+        struct Block
+        {
+            std::unique_ptr<unsigned char[]> memory;
+            size_t size;
+        };
+        std::vector<Block> blocks;
+        size_t reuse = 0; // the next held block to fill
+        unsigned char* at = nullptr;
+        size_t left = 0;
+        void* last = nullptr;
+    };
+
+    bool made_here(VT_obj* obj) const;
+    void destroy(VT_obj* obj);
+
     QVector<VT_obj*> list;
-    std::unique_ptr<VT_obj*[]> by_id; // all 65536 ids once the first object is added
+    // Objects by id: 256 pages of 256 entries, a page made when an id of it is first used.
+    std::unique_ptr<VT_obj*[]> by_id[256];
     Name_index by_name;
+    Arena arena;
     Helper pool_helper;
     QVector<Upload_request> upload_log;
     std::function<void(VT_obj*, bool)> on_upload;

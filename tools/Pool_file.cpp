@@ -3,6 +3,7 @@
 #include <QFile>
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 #include "tools/Object_factory.h"
@@ -20,7 +21,7 @@ void write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAM
     for (unsigned v = id; n == 0 || v; v /= 10)
         digits[n++] = char('0' + v % 10);
     const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
-    size_t len = strlen(type);
+    size_t len = strnlen(type, VT_obj::NAME_LEN + 1);
     if (len + 1 + size_t(n) > size_t(VT_obj::NAME_LEN)) {
         type = "obj";
         len = 3;
@@ -91,7 +92,7 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         if (id == VT_obj::NULL_ID)
             return fail(where() + QStringLiteral(": object id 65535 is the NULL id"));
 
-        VT_obj* obj = entry->make(nullptr);
+        VT_obj* obj = pool.create(*entry);
         obj->set_id(id);
         char name[VT_obj::NAME_LEN + 1];
         write_default_name(full_type, id, name);
@@ -99,7 +100,7 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         Iso::Deserialise_results res;
         int consumed = obj->deserialise(0, at + 3, remaining - 3, &res);
         if (consumed < 0 || consumed > remaining - 3) {
-            delete obj;
+            pool.discard(obj);
             return fail(where() + QStringLiteral(": attributes truncated or malformed (%1 bytes left after the header)")
                                       .arg(remaining - 3));
         }
@@ -141,17 +142,29 @@ QByteArray Pool_file::object_bytes(VT_obj& obj)
 
 QByteArray Pool_file::write(Object_pool& pool)
 {
-    // Each object as object_bytes() makes it, serialised straight into the output.
-    QByteArray out;
-    for (VT_obj* obj : pool.objects()) {
-        const int n = obj->num_bytes();
-        if (n <= 0)
-            continue;
-        const int at = out.size();
-        out.resize(at + n);
-        const int written = obj->serialise(0, reinterpret_cast<uint8_t*>(out.data()) + at, n);
-        out.resize(at + std::max(written, 0));
+    // Each object is serialised once, straight into the output: into the room left, and when
+    // it fills that room, on from where it stopped after the output has grown. Sizing the
+    // objects first would walk every object twice.
+    const QVector<VT_obj*>& objects = pool.objects();
+    const int LIMIT = std::numeric_limits<int>::max() / 2;
+    QByteArray out(std::min(std::max(64 << 10, objects.size() * 128), LIMIT), Qt::Uninitialized);
+    int at = 0;
+    for (VT_obj* obj : objects) {
+        for (int offset = 0;;) {
+            const int room = out.size() - at;
+            const int n = std::max(obj->serialise(offset, reinterpret_cast<uint8_t*>(out.data()) + at, room), 0);
+            at += n;
+            offset += n;
+            if (n < room)
+                break;
+            if (out.size() >= LIMIT) {
+                Debug_print::dprint("Pool is too large to write in one buffer\n");
+                return QByteArray();
+            }
+            out.resize(std::min(out.size(), LIMIT / 2) * 2);
+        }
     }
+    out.resize(at);
     return out;
 }
 
@@ -162,18 +175,19 @@ void Pool_file::write_chunks(Object_pool& pool, int chunk, const std::function<v
     std::vector<uint8_t> buf(size_t(chunk), 0);
     int used = 0;
     for (VT_obj* obj : pool.objects()) {
-        const int total = obj->num_bytes();
-        // Resumes the object at each offset, as the next transport buffer would.
-        for (int offset = 0; offset < total;) {
-            int n = obj->serialise(offset, buf.data() + used, std::min(chunk - used, total - offset));
-            if (n <= 0)
-                break;
+        // Resumes the object at each offset, as the next transport buffer would, until it
+        // writes less than the room it was given.
+        for (int offset = 0;;) {
+            const int room = chunk - used;
+            const int n = std::max(obj->serialise(offset, buf.data() + used, room), 0);
             offset += n;
             used += n;
             if (used == chunk) {
                 sink(buf.data(), used);
                 used = 0;
             }
+            if (n < room)
+                break;
         }
     }
     if (used > 0)

@@ -7,10 +7,9 @@
 
 namespace VT {
 
-void warn_offset(int offset)
+void report_offset(int offset)
 {
-    if (offset != 0)
-        Debug_print::dprint("WARNING: Attribute_numbers_template::deserialise offset != 0, actually = %d\n", offset);
+    Debug_print::dprint("WARNING: Attribute_numbers_template::deserialise offset != 0, actually = %d\n", offset);
 }
 
 int Attribute_float::serialise(int offset, uint8_t* buf, int len) const

@@ -10,7 +10,12 @@
 namespace VT {
 
 // Deserialise is always given offset 0 by the object base; anything else is reported.
-void warn_offset(int offset);
+void report_offset(int offset);
+inline void warn_offset(int offset)
+{
+    if (offset != 0)
+        report_offset(offset);
+}
 
 namespace detail {
 // Widens 8-bit values so that streams print numbers, not characters.
@@ -68,19 +73,12 @@ public:
 
     int num_bytes() const override { return WIDTH; }
 
-    using Attribute::serialise;
-    int serialise(int offset, uint8_t* buf, int len) const override
+    // The byte form does not depend on the terminal: both serialise slots write the same bytes
+    // (a subclass that changes the form overrides both).
+    int serialise(int offset, uint8_t* buf, int len) const override { return write_bytes(offset, buf, len); }
+    int serialise(const Serialisation_limits*, int offset, uint8_t* buf, int len) const override
     {
-        if (len < 1 || offset < 0 || offset >= WIDTH)
-            return 0;
-        // 64-bit values travel as their low 32 bits followed by four zero bytes.
-        uint64_t bits = uint64_t(std::make_unsigned_t<T>(value));
-        if (WIDTH == 8)
-            bits &= 0xFFFFFFFFu;
-        int written = 0;
-        for (int i = offset; i < WIDTH && written < len; ++i)
-            buf[written++] = uint8_t(bits >> (8 * i));
-        return written;
+        return write_bytes(offset, buf, len);
     }
 
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override
@@ -98,9 +96,13 @@ public:
         uint64_t bits = 0;
         for (int i = 0; i < WIDTH; ++i)
             bits |= uint64_t(buf[i]) << (8 * i);
-        T read = T(std::make_unsigned_t<T>(bits));
-        *this = read;
-        if (value != read && res)
+        const T read = T(std::make_unsigned_t<T>(bits));
+        if (read >= min && read <= max) {
+            value = read;
+            return WIDTH;
+        }
+        *this = read; // clamped, with the warning
+        if (res)
             res->flags |= Iso::Deserialise_results::value_clamped;
         return WIDTH;
     }
@@ -135,6 +137,26 @@ public:
     }
 
 protected:
+    // Writes the bytes of the value from `offset` on, at most `len`.
+    int write_bytes(int offset, uint8_t* buf, int len) const
+    {
+        // 64-bit values travel as their low 32 bits followed by four zero bytes.
+        uint64_t bits = uint64_t(std::make_unsigned_t<T>(value));
+        if (WIDTH == 8)
+            bits &= 0xFFFFFFFFu;
+        if (offset == 0 && len >= WIDTH) {
+            for (int i = 0; i < WIDTH; ++i)
+                buf[i] = uint8_t(bits >> (8 * i));
+            return WIDTH;
+        }
+        if (len < 1 || offset < 0 || offset >= WIDTH)
+            return 0;
+        int written = 0;
+        for (int i = offset; i < WIDTH && written < len; ++i)
+            buf[written++] = uint8_t(bits >> (8 * i));
+        return written;
+    }
+
     T value;
     T min;
     T max;

@@ -28,11 +28,16 @@ Attribute_object_placement::Attribute_object_placement(unsigned short id, short 
 
 int Attribute_object_placement::serialise(int offset, uint8_t* buf, int len) const
 {
+    if (offset == 0 && len >= 6) // the whole placement at once, the common case
+        return object_id.serialise(0, buf, 2) + x_location.serialise(0, buf + 2, 2) + y_location.serialise(0, buf + 4, 2);
     return serialise_members({&object_id, &x_location, &y_location}, offset, buf, len);
 }
 
 int Attribute_object_placement::deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res)
 {
+    if (offset == 0 && len >= 6)
+        return object_id.deserialise(0, buf, 2, res) + x_location.deserialise(0, buf + 2, 2, res) +
+               y_location.deserialise(0, buf + 4, 2, res);
     return deserialise_members({&object_id, &x_location, &y_location}, offset, buf, len, res);
 }
 
@@ -134,11 +139,15 @@ void Attribute_object_placement::get_code_valref_for_list(const char*, std::ostr
 
 int Attribute_point::serialise(int offset, uint8_t* buf, int len) const
 {
+    if (offset == 0 && len >= 4)
+        return point_x.serialise(0, buf, 2) + point_y.serialise(0, buf + 2, 2);
     return serialise_members({&point_x, &point_y}, offset, buf, len);
 }
 
 int Attribute_point::deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res)
 {
+    if (offset == 0 && len >= 4)
+        return point_x.deserialise(0, buf, 2, res) + point_y.deserialise(0, buf + 2, 2, res);
     return deserialise_members({&point_x, &point_y}, offset, buf, len, res);
 }
 

@@ -45,8 +45,11 @@ public:
     void justify(unsigned short w, unsigned short h, short avail_w, short avail_h);
 
     int num_bytes() const override { return 6; }
-    using Attribute::serialise;
     int serialise(int offset, uint8_t* buf, int len) const override;
+    int serialise(const Serialisation_limits*, int offset, uint8_t* buf, int len) const override
+    {
+        return Attribute_object_placement::serialise(offset, buf, len);
+    }
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     atype get_type() const override { return ATTR_OBJECT_PLACEMENT; }
     int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
@@ -78,8 +81,11 @@ public:
     void set_y(uint16_t v) { point_y = v; }
 
     int num_bytes() const override { return 4; }
-    using Attribute::serialise;
     int serialise(int offset, uint8_t* buf, int len) const override;
+    int serialise(const Serialisation_limits*, int offset, uint8_t* buf, int len) const override
+    {
+        return Attribute_point::serialise(offset, buf, len);
+    }
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     atype get_type() const override { return ATTR_POINT; }
     int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;

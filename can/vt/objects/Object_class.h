@@ -4,6 +4,7 @@
 // What every object class shares: the class-wide "type" attribute, the filling of the two
 // attribute tables, and the checked/unchecked getter pairs.
 
+#include <algorithm>
 #include <cassert>
 #include <initializer_list>
 
@@ -31,12 +32,9 @@ template <size_t N>
 void set_table(Attribute* (&table)[N], std::initializer_list<Attribute*> entries)
 {
     assert(entries.size() + 1 == N);
-    size_t i = 0;
-    for (Attribute* a : entries)
-        if (i < N - 1)
-            table[i++] = a;
-    while (i < N)
-        table[i++] = nullptr;
+    const size_t n = std::min(entries.size(), N - 1);
+    std::copy_n(entries.begin(), n, table);
+    std::fill(table + n, table + N, nullptr);
 }
 
 }

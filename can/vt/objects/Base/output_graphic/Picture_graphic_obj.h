@@ -38,8 +38,11 @@ public:
         using Attribute_uint8::operator=;
         void set_picture(Picture_graphic_obj* p) { picture = p; }
 
-        using Attribute::serialise;
         int serialise(int offset, uint8_t* buf, int len) const override;
+        int serialise(const Serialisation_limits*, int offset, uint8_t* buf, int len) const override
+        {
+            return serialise(offset, buf, len);
+        }
         // The format's enumerator name.
         void get_code_valref(const char* prefix, std::ostream& os, int indent) override;
 
