@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "test_support.h"
+#include "tools/Object_factory.h"
 #include "tools/Object_pool.h"
 #include "tools/Pool_file.h"
 
@@ -61,6 +62,61 @@ TEST(ToolsObjectPool, OwnsObjectsAndFindsThemByIdAndName)
 
     VT::Attribute_object_placement place(11, 0, 0);
     EXPECT_EQ(pool.helper().find_object(place), b);
+}
+
+TEST(ToolsObjectPool, BuildsObjectsInItsOwnStorageAndFixesTheirNames)
+{
+    const VT::Object_factory::Entry* entry = VT::Object_factory::find_for_pool(VT::VT_obj_type::TYPE_NUMBER_VARIABLE);
+    ASSERT_NE(entry, nullptr);
+    Object_pool pool;
+    // A discarded object gives its storage back to the next one.
+    VT::VT_obj* first = pool.create(*entry);
+    pool.discard(first);
+    VT::VT_obj* again = pool.create(*entry);
+    EXPECT_EQ(again, first);
+    pool.discard(again);
+
+    // Enough objects for several blocks of storage and several growths of the name index.
+    auto fill = [&] {
+        for (int i = 0; i < 3000; ++i) {
+            VT::VT_obj* obj = pool.create(*entry);
+            obj->set_id(uint16_t(i));
+            obj->set_name(("v" + std::to_string(i)).c_str());
+            ASSERT_TRUE(pool.add(obj));
+        }
+    };
+    fill();
+    QString error;
+    VT::VT_obj* twin = pool.create(*entry);
+    twin->set_id(7);
+    EXPECT_FALSE(pool.add(twin, &error)); // ends the object it was given
+    EXPECT_EQ(error, "id 7 of 'NO_NAME' is already used by 'v7'");
+    for (int i : {0, 255, 256, 2999}) {
+        EXPECT_EQ(pool.find(uint16_t(i)), pool.objects()[i]);
+        EXPECT_EQ(pool.find(QByteArray("v") + QByteArray::number(i)), pool.objects()[i]);
+    }
+    EXPECT_EQ(pool.find(QByteArray("v3000")), nullptr);
+    EXPECT_EQ(pool.find(QByteArray(40, 'v')), nullptr);
+
+    // In the pool, an object keeps its name, so the index stays right.
+    VT::VT_obj* v5 = pool.find(5);
+    EXPECT_TRUE(v5->in_a_list());
+    {
+        test::Dprint_capture said;
+        v5->set_name("renamed");
+        EXPECT_EQ(said.text, "Cant set name while in a list\n");
+    }
+    EXPECT_STREQ(v5->get_name(), "v5");
+    EXPECT_EQ(pool.find(QByteArray("v5")), v5);
+
+    // Cleared, the pool fills the same storage again.
+    VT::VT_obj* old_first = pool.objects()[0];
+    pool.clear();
+    EXPECT_EQ(pool.find(QByteArray("v1")), nullptr);
+    EXPECT_EQ(pool.find(1), nullptr);
+    fill();
+    EXPECT_EQ(pool.objects()[0], old_first);
+    EXPECT_EQ(pool.find(QByteArray("v2999")), pool.objects()[2999]);
 }
 
 TEST(ToolsObjectPool, HelperLocksRecursivelyAndRecordsUploads)
@@ -134,6 +190,24 @@ TEST(ToolsPoolFile, ReadsAndWritesBackByteForByteInOneBufferOrInChunks)
         for (size_t i = 0; i + 1 < sizes.size(); ++i)
             EXPECT_EQ(sizes[i], chunk) << "only the last buffer may be short";
     }
+}
+
+TEST(ToolsPoolFile, WritesPoolsLargerThanItsFirstBufferWhole)
+{
+    // About 180 KB of strings: the output grows several times, objects straddle its ends.
+    Object_pool pool;
+    std::string text(80, 'x');
+    QByteArray expected;
+    for (int i = 0; i < 2000; ++i) {
+        auto* s = new VT::Base::String_variable_obj(uint16_t(i), ("s" + std::to_string(i)).c_str(),
+                                                    uint16_t(text.size() - i % 7), &text[0]);
+        ASSERT_TRUE(pool.add(s));
+        expected += Pool_file::object_bytes(*s);
+    }
+    ASSERT_GT(expected.size(), 160000);
+    EXPECT_EQ(Pool_file::write(pool), expected);
+    EXPECT_EQ(Pool_file::write_streamed(pool, 1785), expected);
+    EXPECT_EQ(Pool_file::write_streamed(pool, 1), expected);
 }
 
 TEST(ToolsPoolFile, ReadsAPrivateCopyOfItsInput)
