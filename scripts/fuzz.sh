@@ -2,6 +2,7 @@
 # Builds the fuzz targets (clang, libFuzzer, AddressSanitizer + UndefinedBehaviorSanitizer)
 # and runs each for SECONDS seconds (default 60):
 #   scripts/fuzz.sh [SECONDS]
+# VT_CORE_FUZZ_TARGETS="fuzz_object fuzz_picture" runs only those targets.
 # Starting inputs come from the real pools in ../shared/pools (or $VT_SHARED_POOLS_DIR; skipped when
 # absent) and the example
 # descriptions. The corpus each target grows is kept in build-fuzz/corpus/<target> and reused
@@ -13,7 +14,7 @@ seconds=${1:-60}
 VT_CORE_WITH_FUZZ=1 scripts/setup.sh
 
 build=${VT_CORE_FUZZ_BUILD:-build-fuzz}
-targets=(fuzz_pool_file fuzz_object fuzz_description fuzz_picture)
+read -r -a targets <<<"${VT_CORE_FUZZ_TARGETS:-fuzz_pool_file fuzz_object fuzz_description fuzz_picture}"
 CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="-O1 -g" \
   -DVT_CORE_TESTS=OFF -DVT_CORE_FUZZ=ON >/dev/null
 cmake --build "$build" -j"$(nproc)" --target fuzz_targets

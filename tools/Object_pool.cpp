@@ -228,7 +228,7 @@ bool Object_pool::add(VT_obj* obj, QString* error)
     }
     uint16_t id = obj->get_id();
     const char* name = obj->VT_obj_base::get_name();
-    const size_t name_len = strlen(name);
+    const size_t name_len = strnlen(name, VT_obj::NAME_LEN + 1);
     auto fail = [&](const QString& why) {
         if (error)
             *error = why;
@@ -242,7 +242,8 @@ bool Object_pool::add(VT_obj* obj, QString* error)
                         .arg(id)
                         .arg(QString::fromUtf8(name))
                         .arg(QString::fromUtf8(other->VT_obj_base::get_name())));
-    const bool named = name_len > 0 && strcmp(name, VT_obj::NO_NAME) != 0;
+    static const size_t no_name_len = strlen(VT_obj::NO_NAME);
+    const bool named = name_len > 0 && !(name_len == no_name_len && memcmp(name, VT_obj::NO_NAME, name_len) == 0);
     Name_index::Probe slot{nullptr, 0, 0};
     if (named) {
         slot = by_name.probe(name, name_len, list);

@@ -12,16 +12,14 @@ namespace VT {
 
 namespace {
 
-// The default name "<Type>_<id>" (or "obj_<id>" when that is too long), written into `out`
-// without allocating: reading a pool names every object.
-void write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
+// The default name "<Type>_<id>" (or "obj_<id>" when that is too long) from the type's name
+// and its length, written into `out` without allocating: reading a pool names every object.
+void write_default_name(const char* type, size_t len, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
 {
     char digits[5];
     int n = 0;
     for (unsigned v = id; n == 0 || v; v /= 10)
         digits[n++] = char('0' + v % 10);
-    const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
-    size_t len = strnlen(type, VT_obj::NAME_LEN + 1);
     if (len + 1 + size_t(n) > size_t(VT_obj::NAME_LEN)) {
         type = "obj";
         len = 3;
@@ -31,6 +29,14 @@ void write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAM
     while (n)
         out[len++] = digits[--n];
     out[len] = '\0';
+}
+
+// The default name "<Type>_<id>" (or "obj_<id>" when that is too long), written into `out`
+// without allocating: reading a pool names every object.
+void write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
+{
+    const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+    write_default_name(type, strnlen(type, VT_obj::NAME_LEN + 1), id, out);
 }
 
 }
@@ -56,6 +62,12 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
     if (size == 0)
         return fail(QStringLiteral("empty pool: no objects"));
 
+    struct Type_name
+    {
+        const char* text = nullptr;
+        size_t len = 0;
+    };
+    Type_name type_names[256];
     int index = 0;
     for (int offset = 0; offset < size; ++index) {
         int remaining = size - offset;
@@ -95,7 +107,17 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         VT_obj* obj = pool.create(*entry);
         obj->set_id(id);
         char name[VT_obj::NAME_LEN + 1];
-        write_default_name(full_type, id, name);
+        if (full_type < 256) {
+            // The type names of plain types are measured once per read.
+            Type_name& t = type_names[full_type];
+            if (!t.text) {
+                t.text = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+                t.len = strnlen(t.text, VT_obj::NAME_LEN + 1);
+            }
+            write_default_name(t.text, t.len, id, name);
+        } else {
+            write_default_name(full_type, id, name);
+        }
         obj->set_name(name);
         Iso::Deserialise_results res;
         int consumed = obj->deserialise(0, at + 3, remaining - 3, &res);
