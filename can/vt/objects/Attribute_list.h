@@ -305,7 +305,10 @@ public:
     operator W() const { return get(); }
 
     int num_bytes() const override { return enabled ? WIDTH : 0; }
-    using Attribute::serialise;
+    int serialise(const Serialisation_limits*, int offset, uint8_t* buf, int len) const override
+    {
+        return Attribute_list_len::serialise(offset, buf, len);
+    }
     int serialise(int offset, uint8_t* buf, int len) const override
     {
         if (!enabled || len < 1 || offset < 0 || offset >= WIDTH)

@@ -213,8 +213,11 @@ public:
     operator float() const { return value; }
 
     int num_bytes() const override { return 4; }
-    using Attribute::serialise;
     int serialise(int offset, uint8_t* buf, int len) const override;
+    int serialise(const Serialisation_limits*, int offset, uint8_t* buf, int len) const override
+    {
+        return Attribute_float::serialise(offset, buf, len);
+    }
     // Leaves a mark in its input: the first byte of `buf` is increased by 4.
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
     void get_code_valref(const char* prefix, std::ostream& os, int indent) override;
