@@ -83,6 +83,7 @@ struct Index
 {
     QList<const Object_factory::Entry*> entries;
     QHash<QString, const Object_factory::Entry*> by_name;
+    QHash<QByteArray, const Object_factory::Entry*> by_utf8_name;
     QHash<unsigned, const Object_factory::Entry*> by_type;
 
     Index()
@@ -90,6 +91,7 @@ struct Index
         for (const Object_factory::Entry& e : classes) {
             entries.append(&e);
             by_name.insert(QString::fromLatin1(e.name()), &e);
+            by_utf8_name.insert(QByteArray(e.name()), &e);
             if (e.in_pool_files)
                 by_type.insert(unsigned(e.type), &e);
         }
@@ -107,6 +109,11 @@ const Index& index()
 const Object_factory::Entry* Object_factory::find(const QString& type_name)
 {
     return index().by_name.value(type_name, nullptr);
+}
+
+const Object_factory::Entry* Object_factory::find(const QByteArray& type_name)
+{
+    return index().by_utf8_name.value(type_name, nullptr);
 }
 
 const Object_factory::Entry* Object_factory::find_for_pool(unsigned full_type)
