@@ -7,8 +7,11 @@
 #include <QXmlStreamReader>
 #include <cstring>
 #include <iostream>
+#include <iterator>
 #include <limits>
 #include <sstream>
+#include <string_view>
+#include <unordered_map>
 
 #include "tools/Object_factory.h"
 #include "tools/Picture_encoder.h"
@@ -64,83 +67,522 @@ struct Symbol
 const Symbol symbols[] = {{"MONOCHROME", 0}, {"FOUR_BIT_COLOUR", 1}, {"EIGHT_BIT_COLOUR", 2},
                           {"false", 0},      {"true", 1}};
 
-// Parses decimal or 0x-hexadecimal integers with an optional sign, and the symbols above.
+// Whitespace as QByteArray::trimmed() and simplified() see it.
+inline bool is_space(char c)
+{
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// The value of each hexadecimal digit, -1 for other characters (picture data is long).
+struct Hex_digits
+{
+    signed char value[256];
+    constexpr Hex_digits() : value()
+    {
+        for (int i = 0; i < 256; ++i)
+            value[i] = -1;
+        for (int i = 0; i < 10; ++i)
+            value['0' + i] = char(i);
+        for (int i = 0; i < 6; ++i)
+            value['a' + i] = value['A' + i] = char(10 + i);
+    }
+};
+constexpr Hex_digits hex_digits;
+
+inline int hex_digit(char c)
+{
+    return hex_digits.value[uchar(c)];
+}
+
+// Parses decimal or 0x-hexadecimal integers with an optional sign and surrounding whitespace,
+// and the symbols above. Works on the bytes in place: numbers are read for every attribute.
 bool parse_integer(const QByteArray& raw, bool& negative, quint64& magnitude)
 {
-    QByteArray text = raw.trimmed();
+    const char* p = raw.constData();
+    const char* end = p + raw.size();
+    while (p < end && is_space(*p))
+        ++p;
+    while (end > p && is_space(end[-1]))
+        --end;
+    const size_t len = size_t(end - p);
     for (const Symbol& s : symbols)
-        if (text == s.name) {
+        if (strlen(s.name) == len && memcmp(s.name, p, len) == 0) {
             negative = false;
             magnitude = quint64(s.value);
             return true;
         }
     negative = false;
-    if (text.startsWith('-') || text.startsWith('+')) {
-        negative = text[0] == '-';
-        text = text.mid(1);
+    if (p < end && (*p == '-' || *p == '+')) {
+        negative = *p == '-';
+        ++p;
     }
-    if (text.isEmpty())
+    unsigned base = 10;
+    if (end - p >= 2 && p[0] == '0' && (p[1] == 'x' || p[1] == 'X')) {
+        base = 16;
+        p += 2;
+    }
+    if (p == end)
         return false;
-    bool ok = false;
-    if (text.startsWith("0x") || text.startsWith("0X")) {
-        text = text.mid(2);
-        if (text.isEmpty())
+    quint64 m = 0;
+    for (; p < end; ++p) {
+        int digit = base == 16 ? hex_digit(*p) : (*p >= '0' && *p <= '9' ? *p - '0' : -1);
+        if (digit < 0)
             return false;
-        for (char c : text)
-            if (!isxdigit(uchar(c)))
-                return false;
-        magnitude = text.toULongLong(&ok, 16);
-    } else {
-        for (char c : text)
-            if (!isdigit(uchar(c)))
-                return false;
-        magnitude = text.toULongLong(&ok, 10);
+        if (m > (std::numeric_limits<quint64>::max() - quint64(digit)) / base)
+            return false; // does not fit in 64 bits
+        m = m * base + quint64(digit);
     }
-    return ok;
-}
-
-// Decodes "A0 05 ff", "0xA0,0x05" or "A005ff" into bytes.
-bool decode_hex(const QByteArray& text, QByteArray& out)
-{
-    out.clear();
-    QByteArray digits;
-    for (const QByteArray& token : text.simplified().replace(',', ' ').split(' ')) {
-        if (token.isEmpty())
-            continue;
-        QByteArray t = token;
-        if (t.startsWith("0x") || t.startsWith("0X"))
-            t = t.mid(2);
-        if (t.isEmpty() || t.size() % 2)
-            return false;
-        for (char c : t)
-            if (!isxdigit(uchar(c)))
-                return false;
-        digits += t;
-    }
-    out = QByteArray::fromHex(digits);
+    magnitude = m;
     return true;
 }
+
+// Decodes "A0 05 ff", "0xA0,0x05" or "A005ff" into bytes: tokens separated by whitespace or
+// commas, each an optional 0x and an even number of hexadecimal digits.
+bool decode_hex(const QByteArray& text, QByteArray& out)
+{
+    QByteArray bytes(text.size() / 2, Qt::Uninitialized); // never more than this
+    char* to = bytes.data();
+    const char* p = text.constData();
+    const char* end = p + text.size();
+    while (p < end) {
+        if (is_space(*p) || *p == ',') {
+            ++p;
+            continue;
+        }
+        const char* t = p;
+        while (p < end && !is_space(*p) && *p != ',')
+            ++p;
+        if (p - t >= 2 && t[0] == '0' && (t[1] == 'x' || t[1] == 'X'))
+            t += 2;
+        if (t == p || (p - t) % 2)
+            return false;
+        for (; t < p; t += 2) {
+            int high = hex_digit(t[0]);
+            int low = hex_digit(t[1]);
+            if (high < 0 || low < 0)
+                return false;
+            *to++ = char(high << 4 | low);
+        }
+    }
+    bytes.truncate(int(to - bytes.constData()));
+    out = bytes;
+    return true;
+}
+
+inline bool same_key(const QByteArray& key, const char* text, size_t len)
+{
+    return size_t(key.size()) == len && memcmp(key.constData(), text, len) == 0;
+}
+
+// Characters that stand for themselves in any XML attribute value: printable ASCII apart from
+// quotes, '&' and '<'.
+struct Plain_chars
+{
+    bool plain[256];
+    constexpr Plain_chars() : plain()
+    {
+        for (int c = 0x20; c < 0x80; ++c)
+            plain[c] = c != '"' && c != '\'' && c != '&' && c != '<';
+    }
+};
+constexpr Plain_chars plain_chars;
+
+// A reader for the plain XML that descriptions are written in: UTF-8, an optional XML
+// declaration, elements with attributes, whitespace between them and comments. It gives the
+// same elements, values and lines as QXmlStreamReader, only without its detour through UTF-16,
+// and gives up (null) on everything else: other encodings, DOCTYPE, CDATA, processing
+// instructions, namespaces, text, carriage returns, entities beyond the predefined five, and
+// every error. The text is then read again with QXmlStreamReader, so what it reports stays
+// exactly what the general reader says.
+class Plain_xml_reader
+{
+public:
+    explicit Plain_xml_reader(const QByteArray& xml) : p(xml.constData()), end(p + xml.size()) {}
+
+    std::unique_ptr<Xml_element> read()
+    {
+        if (!declaration())
+            return nullptr;
+        // Whitespace outside the root element is no token of its own, so the root is given the
+        // line where the token before it (declaration or comment) ended.
+        int token_line = line;
+        std::unique_ptr<Xml_element> root;
+        std::vector<Xml_element*> open;
+        while (true) {
+            skip_space();
+            if (p == end)
+                break;
+            if (*p != '<' || end - p < 2)
+                return nullptr;
+            if (p[1] == '!') {
+                if (!comment())
+                    return nullptr;
+                token_line = line;
+            } else if (p[1] == '/') {
+                if (open.empty() || !end_tag(open.back()->name))
+                    return nullptr;
+                open.pop_back();
+            } else {
+                if ((root && open.empty()) || open.size() >= size_t(MAX_DEPTH))
+                    return nullptr; // a second root, or nested too deeply: left to the full reader
+                // Inside the root, whitespace before a tag is a token ending where the tag begins.
+                auto element = std::make_unique<Xml_element>();
+                element->line = open.empty() ? token_line : line;
+                bool empty = false;
+                if (!start_tag(*element, empty))
+                    return nullptr;
+                Xml_element* raw = element.get();
+                if (open.empty()) {
+                    root = std::move(element);
+                } else {
+                    raw->parent = open.back();
+                    open.back()->children.push_back(std::move(element));
+                }
+                if (!empty)
+                    open.push_back(raw);
+            }
+        }
+        return open.empty() ? std::move(root) : nullptr;
+    }
+
+private:
+    static bool is_name_start(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
+    static bool is_name_char(char c) { return is_name_start(c) || (c >= '0' && c <= '9') || c == '-' || c == '.'; }
+
+    void skip_space()
+    {
+        for (; p < end && (*p == ' ' || *p == '\n' || *p == '\t'); ++p)
+            line += *p == '\n';
+    }
+
+    bool starts_with(const char* text) const
+    {
+        const size_t n = strlen(text);
+        return size_t(end - p) >= n && memcmp(p, text, n) == 0;
+    }
+
+    // A name as read, and the kind of element it names once that is known.
+    struct Name
+    {
+        QByteArray text;
+        int kind = -1;
+    };
+
+    // A plain ASCII name; names of elements and keys repeat, so each is held once.
+    Name* name()
+    {
+        const char* start = p;
+        if (p == end || !is_name_start(*p))
+            return nullptr;
+        while (p < end && is_name_char(*p))
+            ++p;
+        const std::string_view text(start, size_t(p - start));
+        auto it = names.find(text);
+        if (it == names.end())
+            it = names.emplace(text, Name{QByteArray(start, int(text.size()))}).first;
+        return &it->second;
+    }
+
+    // The length of the UTF-8 sequence at `s` when it encodes a character XML allows, else 0.
+    static int utf8_length(const char* s, const char* limit)
+    {
+        const uchar c = uchar(*s);
+        int n = c >= 0xF0 ? 4 : c >= 0xE0 ? 3 : c >= 0xC0 ? 2 : 0;
+        if (n == 0 || c > 0xF4 || limit - s < n)
+            return 0;
+        uint32_t code = c & (0x7F >> n);
+        for (int i = 1; i < n; ++i) {
+            const uchar k = uchar(s[i]);
+            if ((k & 0xC0) != 0x80)
+                return 0;
+            code = code << 6 | (k & 0x3F);
+        }
+        static const uint32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
+        return code >= least[n] && allowed(code) ? n : 0;
+    }
+
+    static bool allowed(uint32_t code)
+    {
+        return code == 0x9 || code == 0xA || code == 0xD || (code >= 0x20 && code <= 0xD7FF) ||
+               (code >= 0xE000 && code <= 0xFFFD) || (code >= 0x10000 && code <= 0x10FFFF);
+    }
+
+    // "&...;" at p, appended decoded.
+    bool entity(QByteArray& out)
+    {
+        static const struct
+        {
+            const char* text;
+            char c;
+        } predefined[] = {{"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&quot;", '"'}, {"&apos;", '\''}};
+        for (const auto& e : predefined)
+            if (starts_with(e.text)) {
+                out += e.c;
+                p += strlen(e.text);
+                return true;
+            }
+        if (!starts_with("&#"))
+            return false;
+        p += 2;
+        unsigned base = 10;
+        if (p < end && *p == 'x') {
+            base = 16;
+            ++p;
+        }
+        uint32_t code = 0;
+        int digits = 0;
+        for (; p < end && *p != ';'; ++p, ++digits) {
+            const int d = base == 16 ? hex_digit(*p) : (*p >= '0' && *p <= '9' ? *p - '0' : -1);
+            if (d < 0 || digits >= 7)
+                return false;
+            code = code * base + uint32_t(d);
+        }
+        if (p == end || digits == 0 || !allowed(code))
+            return false;
+        ++p;
+        const uint ucs4 = code;
+        out += QString::fromUcs4(&ucs4, 1).toUtf8();
+        return true;
+    }
+
+    // A quoted attribute value; tabs and line breaks in it read as spaces.
+    bool value(QByteArray& out)
+    {
+        const char quote = *p++;
+        const char* start = p;
+        while (p < end && plain_chars.plain[uchar(*p)])
+            ++p;
+        out = QByteArray(start, int(p - start));
+        while (p < end && *p != quote) {
+            const char c = *p;
+            if (c == '"' || c == '\'') {
+                out += c; // the other quote
+                ++p;
+            } else if (c == '&') {
+                if (!entity(out))
+                    return false;
+            } else if (c == '\t' || c == '\n') {
+                line += c == '\n';
+                out += ' ';
+                ++p;
+            } else if (uchar(c) >= 0x80) {
+                const int n = utf8_length(p, end);
+                if (n == 0)
+                    return false;
+                out.append(p, n);
+                p += n;
+            } else if (c == '<' || uchar(c) < 0x20) {
+                return false;
+            } else {
+                out += c;
+                ++p;
+            }
+        }
+        if (p == end)
+            return false;
+        ++p;
+        return true;
+    }
+
+    bool start_tag(Xml_element& e, bool& empty)
+    {
+        ++p;
+        Name* element_name = name();
+        if (!element_name)
+            return false;
+        if (element_name->kind < 0) {
+            e.set_name(element_name->text);
+            element_name->kind = e.kind;
+        } else {
+            e.name = element_name->text;
+            e.kind = Xml_element::Kind(element_name->kind);
+        }
+        // Collected apart, so that each element's own list is allocated once at its size.
+        std::vector<Xml_attribute>& list = attributes;
+        list.clear();
+        while (true) {
+            const char* before = p;
+            skip_space();
+            if (p == end)
+                return false;
+            if (*p == '>' || *p == '/') {
+                empty = *p == '/';
+                p += empty ? 1 : 0;
+                if (p == end || *p++ != '>')
+                    return false;
+                e.attributes.assign(std::make_move_iterator(list.begin()), std::make_move_iterator(list.end()));
+                return true;
+            }
+            Xml_attribute a;
+            // Attributes are set apart by whitespace; names starting "xml" may be namespace
+            // declarations, which the full reader handles.
+            const Name* key = p == before ? nullptr : name();
+            if (!key || key->text.startsWith("xml"))
+                return false;
+            a.key = key->text;
+            skip_space();
+            if (p == end || *p != '=')
+                return false;
+            ++p;
+            skip_space();
+            if (p == end || (*p != '"' && *p != '\'') || !value(a.value))
+                return false;
+            for (const Xml_attribute& other : list)
+                if (other.key == a.key)
+                    return false;
+            list.push_back(std::move(a));
+        }
+    }
+
+    bool end_tag(const QByteArray& open_name)
+    {
+        p += 2;
+        const size_t n = size_t(open_name.size());
+        if (size_t(end - p) < n || memcmp(p, open_name.constData(), n) != 0)
+            return false;
+        p += n;
+        skip_space();
+        return p < end && *p++ == '>';
+    }
+
+    // "<!--" ... "-->" with no "--" inside and only characters XML allows.
+    bool comment()
+    {
+        if (!starts_with("<!--"))
+            return false;
+        for (p += 4; p < end;) {
+            const char c = *p;
+            if (c == '-' && end - p >= 2 && p[1] == '-') {
+                if (end - p < 3 || p[2] != '>')
+                    return false;
+                p += 3;
+                return true;
+            }
+            if (uchar(c) >= 0x80) {
+                const int n = utf8_length(p, end);
+                if (n == 0)
+                    return false;
+                p += n;
+            } else {
+                if (uchar(c) < 0x20 && c != '\t' && c != '\n')
+                    return false;
+                line += c == '\n';
+                ++p;
+            }
+        }
+        return false;
+    }
+
+    // An optional '<?xml version="1.0" [encoding="UTF-8"] [standalone="yes|no"]?>' at the start.
+    bool declaration()
+    {
+        if (!starts_with("<?"))
+            return true;
+        if (!starts_with("<?xml") || end - p < 6 || (p[5] != ' ' && p[5] != '\t' && p[5] != '\n'))
+            return false;
+        p += 5;
+        static const char* const keys[] = {"version", "encoding", "standalone"};
+        int next = 0; // the keys come in this order, version first
+        while (true) {
+            const char* before = p;
+            skip_space();
+            if (starts_with("?>")) {
+                p += 2;
+                return next > 0;
+            }
+            const Name* key = p == before ? nullptr : name();
+            if (!key)
+                return false;
+            int k = next;
+            while (k < 3 && key->text != keys[k])
+                ++k;
+            if (k == 3 || (next == 0 && k != 0))
+                return false;
+            next = k + 1;
+            skip_space();
+            if (p == end || *p++ != '=')
+                return false;
+            skip_space();
+            if (p == end || (*p != '"' && *p != '\''))
+                return false;
+            const char quote = *p++;
+            const char* start = p;
+            while (p < end && *p != quote && (is_name_char(*p)))
+                ++p;
+            if (p == end || *p != quote)
+                return false;
+            const QByteArray text = QByteArray::fromRawData(start, int(p++ - start));
+            const bool fine = k == 0   ? text == "1.0"
+                              : k == 1 ? text.toLower() == "utf-8"
+                                       : text == "yes" || text == "no";
+            if (!fine)
+                return false;
+        }
+    }
+
+    const char* p;
+    const char* const end;
+    int line = 1;
+    std::unordered_map<std::string_view, Name> names;
+    std::vector<Xml_attribute> attributes; // of the start tag being read
+};
 
 Description* current_description = nullptr;
 
 }
 
-const QByteArray* Xml_element::attribute(const QByteArray& key) const
+void Xml_element::set_name(const QByteArray& element_name)
 {
-    for (const auto& a : attributes)
-        if (a.first == key)
-            return &a.second;
+    name = element_name;
+    if (name == "place" || name == "ref")
+        kind = LIST_ITEM;
+    else if (is_item_name(name))
+        kind = ITEM;
+    else if (is_attr_wrapper(name))
+        kind = ATTR_WRAPPER;
+    else if (name == "colour")
+        kind = COLOUR;
+    else if (name == "object_pool")
+        kind = POOL;
+    else
+        kind = OBJECT;
+}
+
+const Xml_attribute* Xml_element::find_attribute(const char* key, size_t len) const
+{
+    for (const Xml_attribute& a : attributes)
+        if (same_key(a.key, key, len))
+            return &a;
     return nullptr;
 }
 
-bool Xml_element::is_object() const
+Xml_attribute* Xml_element::find_attribute(const char* key, size_t len)
 {
-    return !is_item_name(name) && !is_attr_wrapper(name) && name != "colour" && name != "object_pool";
+    return const_cast<Xml_attribute*>(static_cast<const Xml_element*>(this)->find_attribute(key, len));
 }
 
-bool Xml_element::is_list_item() const
+const QByteArray* Xml_element::attribute(const char* key) const
 {
-    return name == "place" || name == "ref";
+    const Xml_attribute* a = find_attribute(key, strlen(key));
+    return a ? &a->value : nullptr;
+}
+
+void Xml_element::mark_used(const char* key)
+{
+    if (Xml_attribute* a = find_attribute(key, strlen(key)))
+        a->used = true;
+}
+
+void Xml_element::supply(const char* key, const QByteArray& value, bool binary)
+{
+    const size_t len = strlen(key);
+    for (Xml_supplied& s : supplied)
+        if (same_key(s.key, key, len)) {
+            s.value = value;
+            s.binary = binary;
+            return;
+        }
+    supplied.push_back({QByteArray(key, int(len)), value, binary});
 }
 
 // The library's view of one element of a description.
@@ -243,7 +685,7 @@ public:
         if (e->object)
             return e->object;
         // A list item or attribute wrapper stands for the object defined inside it.
-        if (e->is_list_item() || is_attr_wrapper(e->name))
+        if (e->is_list_item() || e->kind == Xml_element::ATTR_WRAPPER)
             for (const auto& c : e->children)
                 if (c->is_object())
                     return c->object;
@@ -269,33 +711,42 @@ private:
         return c.name == filter;
     }
 
-    const QByteArray* value(const char* n)
+    // The value of `n`: a supplied one before the XML attribute; the attribute counts as used.
+    const QByteArray* value(const char* n, bool* binary = nullptr)
     {
-        // Looked up through the caller's text; a copy is kept only the first time it is used.
-        const char* text = n ? n : "";
-        const QByteArray key = QByteArray::fromRawData(text, int(strlen(text)));
-        auto use = [&] {
-            if (!e->used.contains(key))
-                e->used.insert(QByteArray(text));
-        };
-        auto s = e->supplied.constFind(key);
-        if (s != e->supplied.constEnd()) {
-            use();
-            return &s.value();
-        }
-        const QByteArray* v = e->attribute(key);
-        if (v)
-            use();
-        return v;
+        const char* key = n ? n : "";
+        const size_t len = strlen(key);
+        Xml_attribute* a = e->find_attribute(key, len);
+        if (a)
+            a->used = true;
+        for (const Xml_supplied& s : e->supplied)
+            if (same_key(s.key, key, len)) {
+                if (binary)
+                    *binary = s.binary;
+                return &s.value;
+            }
+        if (binary)
+            *binary = false;
+        return a ? &a->value : nullptr;
     }
 
     // The bytes of a value: raw for byte strings and picture data, ISO 8859-1 for texts.
     bool bytes_of(const char* n, QByteArray& out)
     {
-        const QByteArray* v = value(n);
+        bool binary = false;
+        const QByteArray* v = value(n, &binary);
         if (!v)
             return false;
-        if (e->binary.contains(QByteArray::fromRawData(n, int(strlen(n))))) {
+        // Raw bytes, and texts of plain ASCII (the same in UTF-8 and ISO 8859-1), are shared as
+        // they are. A NUL ends a converted text, so texts holding one take the long way.
+        bool plain = true;
+        if (!binary)
+            for (char c : *v)
+                if (uchar(c) - 1u >= 0x7Fu) {
+                    plain = false;
+                    break;
+                }
+        if (plain) {
             out = *v;
             return true;
         }
@@ -313,16 +764,16 @@ private:
     template <class T>
     int number(T* out, const char* n, bool names)
     {
-        QByteArray key(n ? n : "");
-        const QByteArray* v = value(n);
+        const char* key = n ? n : "";
+        const QByteArray* v = value(key);
         // A language item gives its two characters as one code.
-        if (!v && e->name == "Language" && (key == "byte_1" || key == "byte_2"))
+        if (!v && e->name == "Language" && (strcmp(key, "byte_1") == 0 || strcmp(key, "byte_2") == 0))
             if (const QByteArray* code = value("code")) {
                 if (code->size() != 2) {
                     d.problem(e, QStringLiteral("language code '%1' must be two letters").arg(QString::fromUtf8(*code)));
                     return 0;
                 }
-                *out = T(uchar((*code)[key == "byte_1" ? 0 : 1]));
+                *out = T(uchar((*code)[key[5] == '1' ? 0 : 1]));
                 return 1;
             }
         if (!v)
@@ -400,6 +851,11 @@ bool Description::parse(const QByteArray& xml, const QString& file_name)
     file = file_name;
     base_dir = QFileInfo(file_name).absolutePath();
     root.reset();
+    if (!full_xml_reader) {
+        root = read_plain(xml);
+        if (root)
+            return problem_list.isEmpty();
+    }
     QXmlStreamReader reader(xml);
     std::vector<Xml_element*> stack;
     while (!reader.atEnd()) {
@@ -417,10 +873,10 @@ bool Description::parse(const QByteArray& xml, const QString& file_name)
                 return false;
             }
             auto element = std::make_unique<Xml_element>();
-            element->name = reader.name().toUtf8();
+            element->set_name(reader.name().toUtf8());
             element->line = int(std::max<qint64>(start_line, 1));
             for (const QXmlStreamAttribute& a : reader.attributes())
-                element->attributes.append({a.qualifiedName().toUtf8(), a.value().toUtf8()});
+                element->attributes.push_back({a.qualifiedName().toUtf8(), a.value().toUtf8()});
             Xml_element* raw = element.get();
             if (stack.empty()) {
                 root = std::move(element);
@@ -451,6 +907,11 @@ bool Description::parse(const QByteArray& xml, const QString& file_name)
     return problem_list.isEmpty();
 }
 
+std::unique_ptr<Xml_element> Description::read_plain(const QByteArray& xml)
+{
+    return Plain_xml_reader(xml).read();
+}
+
 const Xml_element* Description::element_of(Spec_node* node) const
 {
     if (!node)
@@ -464,7 +925,7 @@ const Xml_element* Description::element_of(Spec_node* node) const
 uint16_t Description::lookup_id(const QByteArray& name) const
 {
     Xml_element* e = by_name.value(name, nullptr);
-    return e ? ids.value(e, NULL_ID) : NULL_ID;
+    return e && e->id >= 0 ? uint16_t(e->id) : NULL_ID;
 }
 
 VT_obj* Description::find_object(const QByteArray& name) const
@@ -519,8 +980,8 @@ void Description::collect(Xml_element* e, int depth)
             problem(e, QStringLiteral("<colour> needs a name and a value"));
             return;
         }
-        e->used.insert("name");
-        e->used.insert("value");
+        e->mark_used("name");
+        e->mark_used("value");
         if (colours.contains(*name)) {
             problem(e, QStringLiteral("colour '%1' is already declared at line %2")
                            .arg(QString::fromUtf8(*name))
@@ -538,15 +999,15 @@ void Description::collect(Xml_element* e, int depth)
         problem(e, QStringLiteral("<%1> is not allowed here").arg(QString::fromUtf8(e->name)));
         return;
     }
-    const Object_factory::Entry* entry = Object_factory::find(QString::fromUtf8(e->name));
+    const Object_factory::Entry* entry = Object_factory::find(e->name);
     if (!entry) {
         if (is_type_name(e->name))
             problem(e, QStringLiteral("object type '%1' is not available in this build").arg(QString::fromUtf8(e->name)));
         else
             problem(e, QStringLiteral("unknown object type '%1'").arg(QString::fromUtf8(e->name)));
     }
-    e->used.insert("name");
-    e->used.insert("id");
+    e->mark_used("name");
+    e->mark_used("id");
     const QByteArray* name = e->attribute("name");
     if (!name || name->isEmpty()) {
         problem(e, QStringLiteral("<%1> has no name").arg(QString::fromUtf8(e->name)));
@@ -572,7 +1033,7 @@ void Description::collect(Xml_element* e, int depth)
             problem(e, QStringLiteral("id %1 is already used at line %2").arg(id).arg(by_id.value(uint16_t(id))->line));
         } else {
             by_id.insert(uint16_t(id), e);
-            ids.insert(e, uint16_t(id));
+            e->id = int(id);
         }
     }
     object_elements.append(e);
@@ -589,7 +1050,7 @@ void Description::check_children(Xml_element* e, int depth)
         }
         if (c->is_object()) {
             collect(c, depth); // an inline object of a plain reference list
-        } else if (c->is_list_item() || is_attr_wrapper(c->name)) {
+        } else if (c->is_list_item() || c->kind == Xml_element::ATTR_WRAPPER) {
             int objects = 0;
             for (const auto& inner : c->children) {
                 if (inner->is_object() && objects++ == 0)
@@ -598,7 +1059,7 @@ void Description::check_children(Xml_element* e, int depth)
                     problem(inner.get(), QStringLiteral("<%1> holds one object definition only")
                                              .arg(QString::fromUtf8(c->name)));
             }
-            if (is_attr_wrapper(c->name) && objects == 0)
+            if (c->kind == Xml_element::ATTR_WRAPPER && objects == 0)
                 problem(c, QStringLiteral("<%1> holds no object definition").arg(QString::fromUtf8(c->name)));
         } else if (c->name == "colour") {
             problem(c, QStringLiteral("<colour> declarations belong directly under <object_pool>"));
@@ -620,20 +1081,20 @@ void Description::assign_ids()
             return;
         }
         by_id.insert(uint16_t(next), e);
-        ids.insert(e, uint16_t(next));
+        e->id = int(next);
     };
     // A working set prefers id 0.
     for (Xml_element* e : object_elements)
-        if (!ids.contains(e) && !e->attribute("id") && e->name == "Working_set") {
+        if (e->id < 0 && !e->attribute("id") && e->name == "Working_set") {
             if (!by_id.contains(0)) {
                 by_id.insert(0, e);
-                ids.insert(e, 0);
+                e->id = 0;
             } else {
                 take_lowest(e);
             }
         }
     for (Xml_element* e : object_elements)
-        if (!ids.contains(e) && !e->attribute("id"))
+        if (e->id < 0 && !e->attribute("id"))
             take_lowest(e);
 }
 
@@ -645,21 +1106,20 @@ void Description::prepare_values(Xml_element* e)
         return;
     }
     for (const auto& a : e->attributes) {
-        if (!is_byte_string(a.first))
+        if (!is_byte_string(a.key))
             continue;
         QByteArray bytes;
-        if (!decode_hex(a.second, bytes)) {
-            problem(e, QStringLiteral("'%1' must be hexadecimal bytes such as \"A0 05 FF\"").arg(QString::fromUtf8(a.first)));
+        if (!decode_hex(a.value, bytes)) {
+            problem(e, QStringLiteral("'%1' must be hexadecimal bytes such as \"A0 05 FF\"").arg(QString::fromUtf8(a.key)));
             continue;
         }
-        e->supplied.insert(a.first, bytes);
-        e->binary.insert(a.first);
+        e->supplied.push_back({a.key, bytes, true});
     }
 }
 
 void Description::prepare_picture(Xml_element* e, bool png)
 {
-    e->used.insert("file");
+    e->mark_used("file");
     QString path = QString::fromUtf8(*e->attribute("file"));
     if (QFileInfo(path).isRelative())
         path = QDir(base_dir).filePath(path);
@@ -679,9 +1139,9 @@ void Description::prepare_picture(Xml_element* e, bool png)
         return;
     }
     auto supply = [&](const char* key, const QByteArray& v) {
-        if (e->attribute(key) && QByteArray(key) != "width")
+        if (e->attribute(key) && strcmp(key, "width") != 0)
             warning(e, QStringLiteral("'%1' is taken from the picture file; the value given is ignored").arg(key));
-        e->supplied.insert(key, v);
+        e->supply(key, v, false);
     };
     if (!e->attribute("width"))
         supply("width", QByteArray::number(image.width()));
@@ -709,11 +1169,11 @@ void Description::prepare_picture(Xml_element* e, bool png)
         data = Picture_encoder::encode(image.convertToFormat(QImage::Format_ARGB32), format_t(format),
                                        (options & 4) != 0, transparency);
         // Symbolic formats reach the library as numbers.
-        e->supplied.insert("format", QByteArray::number(format));
+        e->supply("format", QByteArray::number(format), false);
     }
     supply("num_bytes", QByteArray::number(data.size()));
     supply("bytes", data);
-    e->binary.insert("bytes");
+    e->supply("bytes", data, true);
 }
 
 void Description::read_values()
@@ -788,7 +1248,7 @@ bool Description::root_size(const char* key, int& w, int& h)
     const QByteArray* v = root->attribute(key);
     if (!v)
         return false;
-    root->used.insert(key);
+    root->mark_used(key);
     QList<QByteArray> parts = v->toLower().split('x');
     bool ok_w = false, ok_h = false;
     if (parts.size() == 1)
@@ -858,16 +1318,16 @@ void Description::report_unused(const Xml_element* e)
 {
     if (e == root.get()) {
         for (const auto& a : e->attributes)
-            if (a.first != "mask_size" && a.first != "key_size")
-                warning(e, QStringLiteral("attribute '%1' of <object_pool> is not used").arg(QString::fromUtf8(a.first)));
+            if (a.key != "mask_size" && a.key != "key_size")
+                warning(e, QStringLiteral("attribute '%1' of <object_pool> is not used").arg(QString::fromUtf8(a.key)));
     } else if (e->name != "colour")
         for (const auto& a : e->attributes)
-            if (!e->used.contains(a.first)) {
+            if (!a.used) {
                 const Xml_element* owner = e;
                 while (owner && !owner->is_object())
                     owner = owner->parent;
                 warning(e, QStringLiteral("attribute '%1' of <%2> is not used%3")
-                               .arg(QString::fromUtf8(a.first), QString::fromUtf8(e->name),
+                               .arg(QString::fromUtf8(a.key), QString::fromUtf8(e->name),
                                     owner && owner->object ? "" : " (its object was not built)"));
             }
     for (const auto& c : e->children)
@@ -895,9 +1355,9 @@ bool Description::build(Object_pool& target)
     for (Xml_element* e : object_elements)
         prepare_values(e);
     for (Xml_element* e : object_elements) {
-        const Object_factory::Entry* entry = Object_factory::find(QString::fromUtf8(e->name));
-        VT_obj* obj = entry->make(new Description_node(*this, e));
-        obj->set_id(ids.value(e));
+        const Object_factory::Entry* entry = Object_factory::find(e->name);
+        VT_obj* obj = pool->create(*entry, new Description_node(*this, e));
+        obj->set_id(uint16_t(e->id));
         obj->set_name(e->attribute("name")->constData());
         QString why;
         if (pool->add(obj, &why))

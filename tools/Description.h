@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QSet>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -14,26 +15,52 @@
 
 namespace VT {
 
+// An XML attribute of an element; `used` is set once the value has been asked for.
+struct Xml_attribute
+{
+    QByteArray key; // UTF-8
+    QByteArray value;
+    bool used = false;
+};
+
+// A value the host supplies itself (a decoded byte string, picture data or sizes); it takes
+// precedence over the XML attribute of the same key.
+struct Xml_supplied
+{
+    QByteArray key;
+    QByteArray value;
+    bool binary; // raw bytes rather than text
+};
+
 // One element of a pool description: its name, XML attributes, line and children.
 struct Xml_element
 {
+    // What an element stands for, decided by its name when it is read.
+    enum Kind : unsigned char { OBJECT, LIST_ITEM, ITEM, ATTR_WRAPPER, COLOUR, POOL };
+
     QByteArray name;
-    QVector<QPair<QByteArray, QByteArray>> attributes; // UTF-8, in document order
+    std::vector<Xml_attribute> attributes; // in document order
     int line = 0;
+    Kind kind = OBJECT;
     Xml_element* parent = nullptr;
     std::vector<std::unique_ptr<Xml_element>> children;
 
-    // Filled while building: values the host supplies itself (decoded byte strings, picture data
-    // and sizes), which take precedence over the XML attributes; the object the element defines;
-    // and the attribute names that were asked for.
-    QHash<QByteArray, QByteArray> supplied;
-    QSet<QByteArray> binary; // supplied values that are raw bytes rather than text
+    // Filled while building: the supplied values (few, so a vector) and the object the element
+    // defines.
+    std::vector<Xml_supplied> supplied;
     VT_obj* object = nullptr;
-    QSet<QByteArray> used;
+    int id = -1; // the object id given or assigned; -1 while there is none
 
-    const QByteArray* attribute(const QByteArray& key) const;
-    bool is_object() const;      // an element that defines an object (named by a type)
-    bool is_list_item() const;   // "place" or "ref"
+    void set_name(const QByteArray& element_name);
+    const QByteArray* attribute(const char* key) const;
+    // The XML attribute named `key` (len bytes), or null.
+    Xml_attribute* find_attribute(const char* key, size_t len);
+    const Xml_attribute* find_attribute(const char* key, size_t len) const;
+    void mark_used(const char* key);
+    // Adds a supplied value, or replaces the one of the same key.
+    void supply(const char* key, const QByteArray& value, bool binary);
+    bool is_object() const { return kind == OBJECT; }       // named by a type
+    bool is_list_item() const { return kind == LIST_ITEM; } // "place" or "ref"
 };
 
 // A pool description read from XML (format: docs/description-format.md) and built into the
@@ -60,6 +87,11 @@ public:
     const QStringList& warnings() const { return warning_list; }
     // Library chatter on standard output during set_by_spec is dropped unless verbose.
     void set_verbose(bool on) { verbose = on; }
+    // Plain descriptions (UTF-8 elements, attributes, whitespace and comments) are read by a
+    // quick reader of their own, which gives null for any other text; parse then reads it with
+    // the general XML reader. set_full_xml_reader(true) makes parse use the general one always.
+    static std::unique_ptr<Xml_element> read_plain(const QByteArray& xml);
+    void set_full_xml_reader(bool on) { full_xml_reader = on; }
 
     const QString& file_name() const { return file; }
     QString where(const Xml_element* e) const;
@@ -103,13 +135,13 @@ private:
     QVector<Xml_element*> object_elements; // document order, inline objects after their owner
     QHash<QByteArray, Xml_element*> by_name;
     QHash<uint16_t, Xml_element*> by_id;
-    QHash<const Xml_element*, uint16_t> ids;
     QHash<QByteArray, Colour> colours;
     QSet<QPair<const Xml_element*, QByteArray>> unknown_seen;
     Object_pool* pool = nullptr;
     QStringList problem_list;
     QStringList warning_list;
     bool verbose = false;
+    bool full_xml_reader = false;
 };
 
 }

@@ -94,6 +94,7 @@ struct Index
 {
     QList<const Object_factory::Entry*> entries;
     QHash<QString, const Object_factory::Entry*> by_name;
+    QHash<QByteArray, const Object_factory::Entry*> by_utf8_name;
     // Reading a pool looks up every object's type: plain types index an array, the few
     // extended (configuration) types are searched.
     const Object_factory::Entry* by_type[256] = {};
@@ -104,6 +105,7 @@ struct Index
         for (const Object_factory::Entry& e : classes) {
             entries.append(&e);
             by_name.insert(QString::fromLatin1(e.name()), &e);
+            by_utf8_name.insert(QByteArray(e.name()), &e);
             if (!e.in_pool_files)
                 continue;
             if (unsigned(e.type) < 256)
@@ -125,6 +127,11 @@ const Index& index()
 const Object_factory::Entry* Object_factory::find(const QString& type_name)
 {
     return index().by_name.value(type_name, nullptr);
+}
+
+const Object_factory::Entry* Object_factory::find(const QByteArray& type_name)
+{
+    return index().by_utf8_name.value(type_name, nullptr);
 }
 
 const Object_factory::Entry* Object_factory::find_for_pool(unsigned full_type)

@@ -1,6 +1,7 @@
 #ifndef TOOLS_OBJECT_FACTORY_H
 #define TOOLS_OBJECT_FACTORY_H
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -27,6 +28,7 @@ public:
 
     // The entry for a type name of a description, or null.
     static const Entry* find(const QString& type_name);
+    static const Entry* find(const QByteArray& type_name); // UTF-8, as descriptions are read
     // The entry that reads objects of this full type from pool bytes, or null.
     static const Entry* find_for_pool(unsigned full_type);
     static const QList<const Entry*>& all();
