@@ -161,10 +161,9 @@ uint32_t Object_pool::Name_index::hash_of(const char* s, size_t len)
     return uint32_t(h);
 }
 
-Object_pool::Name_index::Probe Object_pool::Name_index::probe(const char* name, size_t len, const Objects& objects)
+Object_pool::Name_index::Probe Object_pool::Name_index::lookup(const char* name, size_t len,
+                                                              const Objects& objects) const
 {
-    if (4 * (used + 1) > 3 * table.size())
-        grow();
     const uint32_t h = hash_of(name, len);
     const size_t mask = table.size() - 1;
     for (size_t i = h & mask;; i = (i + 1) & mask) {
@@ -180,15 +179,23 @@ Object_pool::Name_index::Probe Object_pool::Name_index::probe(const char* name, 
     }
 }
 
+Object_pool::Name_index::Probe Object_pool::Name_index::probe(const char* name, size_t len, const Objects& objects)
+{
+    // Grown before looking, so that the free slot found stays valid for insert().
+    if (4 * (used + 1) > 3 * table.size())
+        grow();
+    return lookup(name, len, objects);
+}
+
 VT_obj* Object_pool::Name_index::find(const char* name, size_t len, const Objects& objects) const
 {
     if (used == 0)
         return nullptr;
-    // A name longer than any object's cannot be indexed (and must not be hashed past the
+    // A name longer than any object's cannot be indexed (and must not be compared past the
     // names kept in the objects).
     if (len > size_t(VT_obj::NAME_LEN))
         return nullptr;
-    return const_cast<Name_index*>(this)->probe(name, len, objects).found;
+    return lookup(name, len, objects).found;
 }
 
 void Object_pool::Name_index::insert(const Probe& at, uint32_t position)

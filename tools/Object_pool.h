@@ -145,6 +145,7 @@ private:
             uint32_t position; // in the object list, plus 1; 0: empty
         };
         static uint32_t hash_of(const char* s, size_t len);
+        Probe lookup(const char* name, size_t len, const Objects& objects) const;
         void grow();
 
         std::vector<Slot> table; // a power of two in size, at most three quarters full
