@@ -119,6 +119,51 @@ TEST(ToolsObjectPool, BuildsObjectsInItsOwnStorageAndFixesTheirNames)
     EXPECT_EQ(pool.find(QByteArray("v2999")), pool.objects()[2999]);
 }
 
+// Objects named "<Type>_<id>" after themselves are found through their id, the others through
+// the name index; a name is taken whichever way it was found.
+TEST(ToolsObjectPool, FindsDefaultNamesThroughTheIdAndKeepsEveryNameUnique)
+{
+    Object_pool pool;
+    auto variable = [](uint16_t id, const char* name) { return new VT::Base::Number_variable_obj(id, name, 0); };
+    ASSERT_TRUE(pool.add(variable(5, "Number_variable_5")));
+    // Looks like a default name, but of another id: indexed by name.
+    ASSERT_TRUE(pool.add(variable(7, "Number_variable_9")));
+    // A leading zero or another type's name is never a default name.
+    ASSERT_TRUE(pool.add(variable(8, "Number_variable_08")));
+    ASSERT_TRUE(pool.add(variable(6, "Rectangle_6")));
+    EXPECT_EQ(pool.find(QByteArray("Number_variable_5")), pool.find(5));
+    EXPECT_EQ(pool.find(QByteArray("Number_variable_9")), pool.find(7));
+    EXPECT_EQ(pool.find(QByteArray("Number_variable_08")), pool.find(8));
+    EXPECT_EQ(pool.find(QByteArray("Number_variable_8")), nullptr);
+    EXPECT_EQ(pool.find(QByteArray("Rectangle_6")), pool.find(6));
+    EXPECT_EQ(pool.find(QByteArray("Number_variable_6")), nullptr);
+    EXPECT_EQ(pool.find(QByteArray("_5")), nullptr);
+    EXPECT_EQ(pool.find(QByteArray("Number_variable_65535")), nullptr);
+
+    QString error;
+    // Object 9 would carry its own default name, which object 7 already has.
+    EXPECT_FALSE(pool.add(variable(9, "Number_variable_9"), &error));
+    EXPECT_EQ(error, "name 'Number_variable_9' is already used by object 7");
+    // A name that is object 5's default name, taken by another id.
+    EXPECT_FALSE(pool.add(variable(10, "Number_variable_5"), &error));
+    EXPECT_EQ(error, "name 'Number_variable_5' is already used by object 5");
+
+    // Type names too long for "<Type>_<id>" give "obj_<id>".
+    char name[VT::VT_obj::NAME_LEN + 1];
+    Object_pool::write_default_name("Auxiliary_type2_control_designator", 34, 40000, name);
+    EXPECT_STREQ(name, "obj_40000");
+    Object_pool::write_default_name(VT::VT_obj_type::TYPE_NUMBER_VARIABLE, 0, name);
+    EXPECT_STREQ(name, "Number_variable_0");
+
+    // A pool read from bytes indexes none of its names, yet finds every one.
+    Object_pool read;
+    ASSERT_TRUE(Pool_file::read(variables, read, &error)) << qPrintable(error);
+    EXPECT_EQ(read.find(QByteArray("Number_variable_5000")), read.find(5000));
+    EXPECT_EQ(read.find(QByteArray("String_variable_7")), read.find(7));
+    EXPECT_FALSE(read.add(variable(11, "String_variable_7"), &error));
+    EXPECT_EQ(error, "name 'String_variable_7' is already used by object 7");
+}
+
 TEST(ToolsObjectPool, HelperLocksRecursivelyAndRecordsUploads)
 {
     Object_pool pool;
@@ -190,6 +235,12 @@ TEST(ToolsPoolFile, ReadsAndWritesBackByteForByteInOneBufferOrInChunks)
         for (size_t i = 0; i + 1 < sizes.size(); ++i)
             EXPECT_EQ(sizes[i], chunk) << "only the last buffer may be short";
     }
+    // The pool is locked once around a write; an object that answers to another helper is
+    // written under its own lock, and the pool's lock is given back either way.
+    pool.objects()[1]->set_pool_helper(nullptr);
+    EXPECT_EQ(Pool_file::write(pool), variables);
+    EXPECT_EQ(Pool_file::write_streamed(pool, 4), variables);
+    EXPECT_EQ(pool.helper().lock_depth(), 0);
 }
 
 TEST(ToolsPoolFile, WritesPoolsLargerThanItsFirstBufferWhole)

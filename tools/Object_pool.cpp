@@ -226,6 +226,92 @@ void Object_pool::Name_index::clear()
     used = 0;
 }
 
+namespace {
+
+// The id a default name ends in: "_" and the id in decimal without leading zeros; -1 when the
+// name does not end so. `prefix_len` receives the length before the "_".
+int trailing_id(const char* name, size_t len, size_t* prefix_len)
+{
+    size_t i = len;
+    unsigned id = 0;
+    unsigned scale = 1;
+    while (i > 0 && len - i < 5 && name[i - 1] >= '0' && name[i - 1] <= '9') {
+        id += unsigned(name[i - 1] - '0') * scale;
+        scale *= 10;
+        --i;
+    }
+    const size_t digits = len - i;
+    if (digits == 0 || i < 2 || name[i - 1] != '_' || (name[i] == '0' && digits > 1) || id >= VT_obj::NULL_ID)
+        return -1;
+    *prefix_len = i - 1;
+    return int(id);
+}
+
+// Whether `name` is the default name of an object of this full type and id.
+bool is_default_name(const char* name, size_t len, unsigned full_type, uint16_t id)
+{
+    size_t prefix = 0;
+    if (trailing_id(name, len, &prefix) != int(id))
+        return false;
+    const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+    // strncmp stops at the end of a shorter type name; the name then differs there.
+    if (strncmp(name, type, prefix) == 0 && type[prefix] == '\0')
+        return true;
+    // Type names too long for "<Type>_<id>" give "obj_<id>".
+    return prefix == 3 && memcmp(name, "obj", 3) == 0 &&
+           strnlen(type, VT_obj::NAME_LEN + 1) + (len - prefix) > size_t(VT_obj::NAME_LEN);
+}
+
+}
+
+void Object_pool::write_default_name(const char* type, size_t type_len, uint16_t id,
+                                     char (&out)[VT_obj::NAME_LEN + 1])
+{
+    char digits[6];
+    char* first = digits + sizeof digits;
+    unsigned v = id;
+    do {
+        *--first = char('0' + v % 10);
+        v /= 10;
+    } while (v);
+    const size_t n = size_t(digits + sizeof digits - first);
+    if (type_len + 1 + n > size_t(VT_obj::NAME_LEN)) {
+        type = "obj";
+        type_len = 3;
+    }
+    memcpy(out, type, type_len);
+    out[type_len] = '_';
+    memcpy(out + type_len + 1, first, n);
+    out[type_len + 1 + n] = '\0';
+}
+
+void Object_pool::write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
+{
+    const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+    write_default_name(type, strnlen(type, VT_obj::NAME_LEN + 1), id, out);
+}
+
+VT_obj* Object_pool::find_default_named(const char* name, size_t len) const
+{
+    size_t prefix = 0;
+    const int id = trailing_id(name, len, &prefix);
+    VT_obj* obj = id < 0 ? nullptr : find(uint16_t(id));
+    if (!obj)
+        return nullptr;
+    const char* key = obj->VT_obj_base::get_name();
+    return memcmp(key, name, len) == 0 && key[len] == '\0' ? obj : nullptr;
+}
+
+VT_obj* Object_pool::find(const QByteArray& name) const
+{
+    const size_t len = size_t(name.size());
+    if (len > size_t(VT_obj::NAME_LEN))
+        return nullptr;
+    if (VT_obj* obj = find_default_named(name.constData(), len))
+        return obj;
+    return by_name.find(name.constData(), len, list);
+}
+
 bool Object_pool::add(VT_obj* obj, QString* error)
 {
     if (!obj) {
@@ -251,18 +337,25 @@ bool Object_pool::add(VT_obj* obj, QString* error)
                         .arg(QString::fromUtf8(other->VT_obj_base::get_name())));
     static const size_t no_name_len = strlen(VT_obj::NO_NAME);
     const bool named = name_len > 0 && !(name_len == no_name_len && memcmp(name, VT_obj::NO_NAME, name_len) == 0);
+    // An object with its own default name goes unindexed; the id check above already made sure
+    // that no other object has that name through its id, so only the index is asked.
+    const bool indexed = named && !is_default_name(name, name_len, obj->__get_type(), id);
     Name_index::Probe slot{nullptr, 0, 0};
-    if (named) {
+    if (indexed) {
         slot = by_name.probe(name, name_len, list);
-        if (slot.found)
-            return fail(QStringLiteral("name '%1' is already used by object %2")
-                            .arg(QString::fromUtf8(name))
-                            .arg(slot.found->__get_id()));
+        if (!slot.found)
+            slot.found = find_default_named(name, name_len);
+    } else if (named) {
+        slot.found = by_name.find(name, name_len, list);
     }
+    if (slot.found)
+        return fail(QStringLiteral("name '%1' is already used by object %2")
+                        .arg(QString::fromUtf8(name))
+                        .arg(slot.found->__get_id()));
     obj->set_pool_helper(&pool_helper);
     // The first word of the object's first list hook names the pool holding it.
     obj->get_list_hook(0)[0] = this;
-    if (named)
+    if (indexed)
         by_name.insert(slot, uint32_t(list.size()));
     list.append(obj);
     auto& page = by_id[id >> 8];

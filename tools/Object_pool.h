@@ -92,7 +92,7 @@ public:
         const auto& page = by_id[id >> 8];
         return page ? page[id & 0xFF] : nullptr;
     }
-    VT_obj* find(const QByteArray& name) const { return by_name.find(name.constData(), size_t(name.size()), list); }
+    VT_obj* find(const QByteArray& name) const;
     // In the order they were added (the order they are written in).
     const QVector<VT_obj*>& objects() const { return list; }
     int size() const { return list.size(); }
@@ -106,6 +106,11 @@ public:
     const Serialisation_limits& serialisation_limits() const { return pool_helper.get_limits(); }
     void set_negotiated_version(uint8_t v) { pool_helper.set_negotiated_version(v); }
     void set_supported_types(const QSet<uint8_t>& types) { pool_helper.set_supported_types(types); }
+
+    // The name an object read from pool bytes is given: "<Type>_<id>", or "obj_<id>" when that
+    // would not fit a name. `type` is the type's name, `type_len` its length.
+    static void write_default_name(const char* type, size_t type_len, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1]);
+    static void write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1]);
 
     // Keeps `owner` alive as long as the objects (for example the description whose nodes the
     // objects were built from).
@@ -121,6 +126,8 @@ private:
 
     // Objects by name: open addressing over positions in the object list. The names themselves
     // stay in the objects (an object in the pool cannot be renamed), so a slot is 8 bytes.
+    // Objects that carry the default name of their own type and id (every object read from
+    // pool bytes) are not indexed: such a name leads to its object through the id.
     class Name_index
     {
     public:
@@ -176,6 +183,8 @@ private:
         void* last = nullptr;
     };
 
+    // The object whose default name `name` is, if it has that name.
+    VT_obj* find_default_named(const char* name, size_t len) const;
     bool made_here(VT_obj* obj) const;
     void destroy(VT_obj* obj);
 

@@ -12,39 +12,33 @@ namespace VT {
 
 namespace {
 
-// The default name "<Type>_<id>" (or "obj_<id>" when that is too long) from the type's name
-// and its length, written into `out` without allocating: reading a pool names every object.
-void write_default_name(const char* type, size_t len, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
+// Holds the pool's lock for a whole write, so that each object is serialised under it without
+// taking it again; an object that answers to another helper still takes its own.
+class Write_lock
 {
-    char digits[5];
-    int n = 0;
-    for (unsigned v = id; n == 0 || v; v /= 10)
-        digits[n++] = char('0' + v % 10);
-    if (len + 1 + size_t(n) > size_t(VT_obj::NAME_LEN)) {
-        type = "obj";
-        len = 3;
-    }
-    memcpy(out, type, len);
-    out[len++] = '_';
-    while (n)
-        out[len++] = digits[--n];
-    out[len] = '\0';
-}
+public:
+    explicit Write_lock(Object_pool& pool) : helper(pool.helper()) { helper.lock(); }
+    ~Write_lock() { helper.unlock(); }
+    Write_lock(const Write_lock&) = delete;
+    Write_lock& operator=(const Write_lock&) = delete;
 
-// The default name "<Type>_<id>" (or "obj_<id>" when that is too long), written into `out`
-// without allocating: reading a pool names every object.
-void write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
-{
-    const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
-    write_default_name(type, strnlen(type, VT_obj::NAME_LEN + 1), id, out);
-}
+    int serialise(VT_obj* obj, int offset, uint8_t* buf, int len) const
+    {
+        if (obj->get_pool_helper() == &helper)
+            return obj->__serialise(offset, buf, len);
+        return obj->serialise(offset, buf, len);
+    }
+
+private:
+    Object_pool::Helper& helper;
+};
 
 }
 
 QByteArray Pool_file::default_name(unsigned full_type, uint16_t id)
 {
     char name[VT_obj::NAME_LEN + 1];
-    write_default_name(full_type, id, name);
+    Object_pool::write_default_name(full_type, id, name);
     return QByteArray(name);
 }
 
@@ -114,9 +108,9 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
                 t.text = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
                 t.len = strnlen(t.text, VT_obj::NAME_LEN + 1);
             }
-            write_default_name(t.text, t.len, id, name);
+            Object_pool::write_default_name(t.text, t.len, id, name);
         } else {
-            write_default_name(full_type, id, name);
+            Object_pool::write_default_name(full_type, id, name);
         }
         obj->set_name(name);
         Iso::Deserialise_results res;
@@ -171,10 +165,13 @@ QByteArray Pool_file::write(Object_pool& pool)
     const int LIMIT = std::numeric_limits<int>::max() / 2;
     QByteArray out(std::min(std::max(64 << 10, objects.size() * 128), LIMIT), Qt::Uninitialized);
     int at = 0;
+    // The buffer's address, asked again only when it grows.
+    uint8_t* data = reinterpret_cast<uint8_t*>(out.data());
+    const Write_lock lock(pool);
     for (VT_obj* obj : objects) {
         for (int offset = 0;;) {
             const int room = out.size() - at;
-            const int n = std::max(obj->serialise(offset, reinterpret_cast<uint8_t*>(out.data()) + at, room), 0);
+            const int n = std::max(lock.serialise(obj, offset, data + at, room), 0);
             at += n;
             offset += n;
             if (n < room)
@@ -184,6 +181,7 @@ QByteArray Pool_file::write(Object_pool& pool)
                 return QByteArray();
             }
             out.resize(std::min(out.size(), LIMIT / 2) * 2);
+            data = reinterpret_cast<uint8_t*>(out.data());
         }
     }
     out.resize(at);
@@ -196,12 +194,13 @@ void Pool_file::write_chunks(Object_pool& pool, int chunk, const std::function<v
         chunk = 1;
     std::vector<uint8_t> buf(size_t(chunk), 0);
     int used = 0;
+    const Write_lock lock(pool);
     for (VT_obj* obj : pool.objects()) {
         // Resumes the object at each offset, as the next transport buffer would, until it
         // writes less than the room it was given.
         for (int offset = 0;;) {
             const int room = chunk - used;
-            const int n = std::max(obj->serialise(offset, buf.data() + used, room), 0);
+            const int n = std::max(lock.serialise(obj, offset, buf.data() + used, room), 0);
             offset += n;
             used += n;
             if (used == chunk) {

@@ -97,7 +97,7 @@ public:
     {
         int64_t total = 0;
         for (uint32_t i = 0; i < held(); ++i)
-            total += items[i].num_bytes();
+            total += items[i].T::num_bytes();
         // Items counted but not present (a count read or set ahead of its items) travel as
         // NULL items of the default size.
         if (length > allocated)
@@ -136,14 +136,14 @@ public:
         set_counters(count);
         int total = 0;
         for (uint32_t i = 0; i < count && len >= 1; ++i) {
-            items[i].construct(name);
-            int r = items[i].deserialise(offset, buf, len, res);
+            items[i].T::construct(name);
+            int r = items[i].T::deserialise(offset, buf, len, res);
             if (r < 0) {
                 Debug_print::dprint("Deser: List item %d deser failed: %d\n", int(i), r);
                 return r;
             }
             if (r == 0)
-                offset = std::max(offset - items[i].num_bytes(), 0);
+                offset = std::max(offset - items[i].T::num_bytes(), 0);
             else
                 offset = 0;
             buf += r;
@@ -241,10 +241,11 @@ private:
                 i += skip - 1;
                 continue;
             }
+            // Items are exactly T (the list makes them), so their operations are called directly.
             const T& item = i < held() ? items[i] : filler();
-            int written = static_cast<const Attribute&>(item).serialise(limits, offset, buf, len);
+            int written = item.T::serialise(limits, offset, buf, len);
             if (written == 0)
-                offset = std::max(offset - item.num_bytes(), 0);
+                offset = std::max(offset - item.T::num_bytes(), 0);
             else
                 offset = 0;
             buf += written;

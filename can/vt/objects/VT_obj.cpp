@@ -188,18 +188,27 @@ int VT_obj::__serialise(int offset, uint8_t* buf, int len)
     const Serialisation_limits* limits = pool_helper ? pool_helper->get_serialisation_limits() : nullptr;
     // The record is the registered every-table: a class that shows more attributes to the
     // walks (get_every_attribute) does not change its byte form.
-    for (uint16_t i = 0; i < every_count && len > 0; ++i) {
+    uint16_t i = 0;
+    // Resuming inside the record: an attribute wholly before the offset writes nothing and
+    // uses up its size of the offset.
+    for (; i < every_count && len > 0 && attr_offset > 0; ++i) {
         Attribute* a = every_table[i];
         if (!a)
             continue;
         int written = a->serialise(limits, attr_offset, buf, len);
-        if (written == 0)
-            attr_offset = std::max(attr_offset - a->num_bytes(), 0);
-        else
-            attr_offset = 0;
+        attr_offset = written == 0 ? std::max(attr_offset - a->num_bytes(), 0) : 0;
         buf += written;
         len -= written;
         total += written;
+    }
+    // From there on every attribute is written from its first byte.
+    for (; i < every_count && len > 0; ++i) {
+        if (Attribute* a = every_table[i]) {
+            int written = a->serialise(limits, 0, buf, len);
+            buf += written;
+            len -= written;
+            total += written;
+        }
     }
     return total;
 }
