@@ -33,6 +33,38 @@ const Colour_table& remap_table(format_t mode)
     return tables[std::min(unsigned(mode), 3u)];
 }
 
+// Walks stored runs (count, index pairs) over the `total` pixels of a picture W wide whose rows
+// are padded to an even width: a row of odd width ends in a copy of its last pixel. Hands each
+// stretch to `visit(remapped index, count)` and counts it into `*pos`; a false from `visit` stops
+// the walk, and the walk then returns false.
+template <class Visit>
+bool walk_runs(const uint8_t* raw, size_t n, uint32_t W, size_t total, const Colour_table& remap, size_t* pos,
+               Visit visit)
+{
+    uint32_t col = 0;
+    for (size_t i = 0; i + 1 < n && *pos < total; i += 2) {
+        const uint8_t v = remap[raw[i + 1]];
+        if (W % 2 == 0) {
+            const size_t m = std::min<size_t>(raw[i], total - *pos);
+            if (!visit(v, m))
+                return false;
+            *pos += m;
+            continue;
+        }
+        for (uint32_t count = raw[i]; count && *pos < total;) {
+            const uint32_t k = std::min(count, W - col);
+            // The run, and the copy that closes its row when it reaches the row's end.
+            const bool row_end = col + k == W;
+            if (!visit(v, k + (row_end ? 1 : 0)))
+                return false;
+            *pos += k + (row_end ? 1 : 0);
+            col = row_end ? 0 : col + k;
+            count -= k;
+        }
+    }
+    return true;
+}
+
 // The eight pixels of a monochrome byte, most significant bit first.
 const uint8_t (&mono_pixels())[256][8]
 {
@@ -393,31 +425,10 @@ void Picture_graphic_obj::Attribute_array_pixel::decompress_rle(unsigned char* o
     const uint8_t* raw = stored();
     const size_t n = stored_bytes();
     size_t pos = 0;
-    if (W % 2 == 0) {
-        for (size_t i = 0; i + 1 < n && pos < total; i += 2) {
-            size_t m = std::min<size_t>(raw[i], total - pos);
-            fill(out + pos, remap[raw[i + 1]], m);
-            pos += m;
-        }
-    } else {
-        // Each row ends in one extra column that repeats the row's last pixel.
-        uint32_t col = 0;
-        for (size_t i = 0; i + 1 < n && pos < total; i += 2) {
-            uint32_t count = raw[i];
-            const uint8_t v = remap[raw[i + 1]];
-            while (count && pos < total) {
-                uint32_t k = std::min(count, W - col);
-                fill(out + pos, v, k);
-                pos += k;
-                col += k;
-                count -= k;
-                if (col == W) {
-                    out[pos++] = v;
-                    col = 0;
-                }
-            }
-        }
-    }
+    walk_runs(raw, n, W, total, remap, &pos, [&](uint8_t v, size_t count) {
+        fill(out + pos, v, count);
+        return true;
+    });
     // Pixels that no run reaches (the runs fall short of the picture).
     if (pos < total)
         memset(out + pos, remap[255], total - pos);
@@ -533,30 +544,8 @@ int Picture_graphic_obj::Attribute_array_pixel::serialise_4_bit_rle(int offset, 
     const size_t n = stored_bytes();
     Pair_run_encoder encoder(skip, out, room);
     size_t pos = 0;
-    if (W % 2 == 0) {
-        for (size_t i = 0; i + 1 < n && pos < total; i += 2) {
-            const size_t m = std::min<size_t>(raw[i], total - pos);
-            if (!encoder.add(remap[raw[i + 1]], m))
-                return clamp_int(encoder.finish());
-            pos += m;
-        }
-    } else {
-        uint32_t col = 0;
-        for (size_t i = 0; i + 1 < n && pos < total; i += 2) {
-            uint32_t count = raw[i];
-            const uint8_t v = remap[raw[i + 1]];
-            while (count && pos < total) {
-                const uint32_t k = std::min(count, W - col);
-                // The run, and the copy that closes its row when it reaches the row's end.
-                const bool row_end = col + k == W;
-                if (!encoder.add(v, k + (row_end ? 1 : 0)))
-                    return clamp_int(encoder.finish());
-                pos += k + (row_end ? 1 : 0);
-                col = row_end ? 0 : col + k;
-                count -= k;
-            }
-        }
-    }
+    if (!walk_runs(raw, n, W, total, remap, &pos, [&](uint8_t v, size_t count) { return encoder.add(v, count); }))
+        return clamp_int(encoder.finish());
     if (pos < total)
         encoder.add(remap[255], total - pos);
     return clamp_int(encoder.finish());
