@@ -53,6 +53,24 @@ public:
     virtual int _set_by_spec(Spec_node* spec_node, scale_area_t area) = 0;
     // Serialise for a terminal; attributes whose form depends on the terminal override it.
     virtual int serialise(const Serialisation_limits* limits, int offset, uint8_t* buf, int len) const;
+
+protected:
+    // Writes the low `width` bytes of `bits`, least significant first, from byte `offset` of the
+    // value on and at most `len` of them; returns how many were written.
+    static int write_le(uint64_t bits, int width, int offset, uint8_t* buf, int len)
+    {
+        if (offset == 0 && len >= width) {
+            for (int i = 0; i < width; ++i)
+                buf[i] = uint8_t(bits >> (8 * i));
+            return width;
+        }
+        if (len < 1 || offset < 0 || offset >= width)
+            return 0;
+        int written = 0;
+        for (int i = offset; i < width && written < len; ++i)
+            buf[written++] = uint8_t(bits >> (8 * i));
+        return written;
+    }
 };
 
 // Writes `indent` levels of two blanks.

@@ -231,18 +231,22 @@ private:
         if (length == 0 || len <= 0)
             return 0;
         int total = 0;
+        // Asked once: the items' calls cannot be seen to leave the list alone.
+        const int size = item_bytes();
+        const uint32_t have = held();
+        const T* const held_items = items.get();
         // Sizeless items write nothing, so only those present are visited.
-        uint32_t n = item_bytes() > 0 ? length : held();
+        const uint32_t n = size > 0 ? length : have;
         for (uint32_t i = 0; i < n && len >= 1; ++i) {
-            if (i >= held() && offset >= item_bytes()) {
+            if (i >= have && offset >= size) {
                 // Fillers wholly before the offset are skipped in one step.
-                uint32_t skip = std::min<uint32_t>(uint32_t(offset / item_bytes()), n - i);
-                offset -= int(skip) * item_bytes();
+                uint32_t skip = std::min<uint32_t>(uint32_t(offset / size), n - i);
+                offset -= int(skip) * size;
                 i += skip - 1;
                 continue;
             }
             // Items are exactly T (the list makes them), so their operations are called directly.
-            const T& item = i < held() ? items[i] : filler();
+            const T& item = i < have ? held_items[i] : filler();
             int written = item.T::serialise(limits, offset, buf, len);
             if (written == 0)
                 offset = std::max(offset - item.T::num_bytes(), 0);
@@ -312,13 +316,9 @@ public:
     }
     int serialise(int offset, uint8_t* buf, int len) const override
     {
-        if (!enabled || len < 1 || offset < 0 || offset >= WIDTH)
+        if (!enabled)
             return 0;
-        uint32_t v = list ? list->get_length() : 0;
-        int written = 0;
-        for (int i = offset; i < WIDTH && written < len; ++i)
-            buf[written++] = uint8_t(v >> (8 * i));
-        return written;
+        return write_le(list ? list->get_length() : 0, WIDTH, offset, buf, len);
     }
     int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results*) override
     {

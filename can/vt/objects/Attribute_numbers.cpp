@@ -14,14 +14,9 @@ void report_offset(int offset)
 
 int Attribute_float::serialise(int offset, uint8_t* buf, int len) const
 {
-    if (len < 1 || offset < 0 || offset >= 4)
-        return 0;
     uint32_t bits;
     std::memcpy(&bits, &value, 4);
-    int written = 0;
-    for (int i = offset; i < 4 && written < len; ++i)
-        buf[written++] = uint8_t(bits >> (8 * i));
-    return written;
+    return write_le(bits, 4, offset, buf, len);
 }
 
 int Attribute_float::deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results*)

@@ -144,17 +144,7 @@ protected:
         uint64_t bits = uint64_t(std::make_unsigned_t<T>(value));
         if (WIDTH == 8)
             bits &= 0xFFFFFFFFu;
-        if (offset == 0 && len >= WIDTH) {
-            for (int i = 0; i < WIDTH; ++i)
-                buf[i] = uint8_t(bits >> (8 * i));
-            return WIDTH;
-        }
-        if (len < 1 || offset < 0 || offset >= WIDTH)
-            return 0;
-        int written = 0;
-        for (int i = offset; i < WIDTH && written < len; ++i)
-            buf[written++] = uint8_t(bits >> (8 * i));
-        return written;
+        return write_le(bits, WIDTH, offset, buf, len);
     }
 
     T value;

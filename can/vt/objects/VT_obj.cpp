@@ -188,22 +188,30 @@ int VT_obj::__serialise(int offset, uint8_t* buf, int len)
     const Serialisation_limits* limits = pool_helper ? pool_helper->get_serialisation_limits() : nullptr;
     // The record is the registered every-table: a class that shows more attributes to the
     // walks (get_every_attribute) does not change its byte form.
+    // Held in locals: the attributes' calls cannot be seen to leave the tables alone.
+    Attribute* const* const table = every_table;
+    const uint16_t count = every_count;
     uint16_t i = 0;
     // Resuming inside the record: an attribute wholly before the offset writes nothing and
     // uses up its size of the offset.
-    for (; i < every_count && len > 0 && attr_offset > 0; ++i) {
-        Attribute* a = every_table[i];
+    for (; i < count && len > 0 && attr_offset > 0; ++i) {
+        Attribute* a = table[i];
         if (!a)
             continue;
+        const int size = a->num_bytes();
+        if (attr_offset >= size) {
+            attr_offset -= size;
+            continue;
+        }
         int written = a->serialise(limits, attr_offset, buf, len);
-        attr_offset = written == 0 ? std::max(attr_offset - a->num_bytes(), 0) : 0;
+        attr_offset = 0;
         buf += written;
         len -= written;
         total += written;
     }
     // From there on every attribute is written from its first byte.
-    for (; i < every_count && len > 0; ++i) {
-        if (Attribute* a = every_table[i]) {
+    for (; i < count && len > 0; ++i) {
+        if (Attribute* a = table[i]) {
             int written = a->serialise(limits, 0, buf, len);
             buf += written;
             len -= written;
