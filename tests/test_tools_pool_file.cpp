@@ -162,6 +162,11 @@ TEST(ToolsObjectPool, FindsDefaultNamesThroughTheIdAndKeepsEveryNameUnique)
     EXPECT_EQ(read.find(QByteArray("String_variable_7")), read.find(7));
     EXPECT_FALSE(read.add(variable(11, "String_variable_7"), &error));
     EXPECT_EQ(error, "name 'String_variable_7' is already used by object 7");
+    // Read into a pool where another object already has that name.
+    Object_pool taken;
+    ASSERT_TRUE(taken.add(variable(1, "String_variable_7")));
+    EXPECT_FALSE(Pool_file::read(variables, taken, &error));
+    EXPECT_TRUE(error.endsWith(": name 'String_variable_7' is already used by object 1")) << qPrintable(error);
 }
 
 TEST(ToolsObjectPool, HelperLocksRecursivelyAndRecordsUploads)

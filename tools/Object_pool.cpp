@@ -68,6 +68,10 @@ void Object_pool::clear()
     by_name.clear();
     for (VT_obj* obj : old)
         destroy(obj);
+    // The list keeps its capacity for the objects that follow, as the arena keeps its blocks.
+    old.resize(0);
+    if (list.isEmpty())
+        list.swap(old);
     arena.rewind();
 }
 
@@ -264,31 +268,31 @@ bool is_default_name(const char* name, size_t len, unsigned full_type, uint16_t 
 
 }
 
-void Object_pool::write_default_name(const char* type, size_t type_len, uint16_t id,
-                                     char (&out)[VT_obj::NAME_LEN + 1])
+size_t Object_pool::write_default_name(const char* type, size_t type_len, uint16_t id,
+                                       char (&out)[VT_obj::NAME_LEN + 1])
 {
-    char digits[6];
-    char* first = digits + sizeof digits;
     unsigned v = id;
-    do {
-        *--first = char('0' + v % 10);
-        v /= 10;
-    } while (v);
-    const size_t n = size_t(digits + sizeof digits - first);
+    const size_t n = v < 10 ? 1 : v < 100 ? 2 : v < 1000 ? 3 : v < 10000 ? 4 : 5;
     if (type_len + 1 + n > size_t(VT_obj::NAME_LEN)) {
         type = "obj";
         type_len = 3;
     }
     memcpy(out, type, type_len);
     out[type_len] = '_';
-    memcpy(out + type_len + 1, first, n);
-    out[type_len + 1 + n] = '\0';
+    // The digits go in back to front, straight into place.
+    char* end = out + type_len + 1 + n;
+    *end = '\0';
+    do {
+        *--end = char('0' + v % 10);
+        v /= 10;
+    } while (v);
+    return type_len + 1 + n;
 }
 
-void Object_pool::write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
+size_t Object_pool::write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
 {
     const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
-    write_default_name(type, strnlen(type, VT_obj::NAME_LEN + 1), id, out);
+    return write_default_name(type, strnlen(type, VT_obj::NAME_LEN + 1), id, out);
 }
 
 VT_obj* Object_pool::find_default_named(const char* name, size_t len) const
@@ -319,9 +323,31 @@ bool Object_pool::add(VT_obj* obj, QString* error)
             *error = QStringLiteral("no object");
         return false;
     }
-    uint16_t id = obj->get_id();
     const char* name = obj->VT_obj_base::get_name();
     const size_t name_len = strnlen(name, VT_obj::NAME_LEN + 1);
+    static const size_t no_name_len = strlen(VT_obj::NO_NAME);
+    const bool named = name_len > 0 && !(name_len == no_name_len && memcmp(name, VT_obj::NO_NAME, name_len) == 0);
+    Naming naming = Naming::unnamed;
+    if (named)
+        naming = is_default_name(name, name_len, obj->__get_type(), obj->__get_id()) ? Naming::own_default : Naming::indexed;
+    return admit(obj, name, name_len, naming, error);
+}
+
+bool Object_pool::add_default_named(VT_obj* obj, size_t name_len, QString* error)
+{
+    if (!obj) {
+        if (error)
+            *error = QStringLiteral("no object");
+        return false;
+    }
+    const char* name = obj->VT_obj_base::get_name();
+    assert(is_default_name(name, name_len, obj->__get_type(), obj->__get_id()) && "not the object's default name");
+    return admit(obj, name, name_len, Naming::own_default, error);
+}
+
+bool Object_pool::admit(VT_obj* obj, const char* name, size_t name_len, Naming naming, QString* error)
+{
+    const uint16_t id = obj->__get_id();
     auto fail = [&](const QString& why) {
         if (error)
             *error = why;
@@ -335,17 +361,14 @@ bool Object_pool::add(VT_obj* obj, QString* error)
                         .arg(id)
                         .arg(QString::fromUtf8(name))
                         .arg(QString::fromUtf8(other->VT_obj_base::get_name())));
-    static const size_t no_name_len = strlen(VT_obj::NO_NAME);
-    const bool named = name_len > 0 && !(name_len == no_name_len && memcmp(name, VT_obj::NO_NAME, name_len) == 0);
     // An object with its own default name goes unindexed; the id check above already made sure
     // that no other object has that name through its id, so only the index is asked.
-    const bool indexed = named && !is_default_name(name, name_len, obj->__get_type(), id);
     Name_index::Probe slot{nullptr, 0, 0};
-    if (indexed) {
+    if (naming == Naming::indexed) {
         slot = by_name.probe(name, name_len, list);
         if (!slot.found)
             slot.found = find_default_named(name, name_len);
-    } else if (named) {
+    } else if (naming == Naming::own_default) {
         slot.found = by_name.find(name, name_len, list);
     }
     if (slot.found)
@@ -355,7 +378,7 @@ bool Object_pool::add(VT_obj* obj, QString* error)
     obj->set_pool_helper(&pool_helper);
     // The first word of the object's first list hook names the pool holding it.
     obj->get_list_hook(0)[0] = this;
-    if (indexed)
+    if (naming == Naming::indexed)
         by_name.insert(slot, uint32_t(list.size()));
     list.append(obj);
     auto& page = by_id[id >> 8];

@@ -77,6 +77,9 @@ public:
     // or the name is already taken; objects named VT_obj::NO_NAME or "" are not indexed by name.
     // Once added, an object counts as in a list: its name is fixed.
     bool add(VT_obj* obj, QString* error = nullptr);
+    // add() for an object that carries its default name (see write_default_name), `name_len`
+    // long, as every object read from pool bytes does: the name itself is not looked at.
+    bool add_default_named(VT_obj* obj, size_t name_len, QString* error = nullptr);
     // Builds an object of the entry's class in the pool's own storage, not yet added: hand it
     // to add() or discard(). Objects made here cost no heap allocation of their own and lie
     // together in memory, which is what makes reading large pools fast.
@@ -108,9 +111,10 @@ public:
     void set_supported_types(const QSet<uint8_t>& types) { pool_helper.set_supported_types(types); }
 
     // The name an object read from pool bytes is given: "<Type>_<id>", or "obj_<id>" when that
-    // would not fit a name. `type` is the type's name, `type_len` its length.
-    static void write_default_name(const char* type, size_t type_len, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1]);
-    static void write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1]);
+    // would not fit a name. `type` is the type's name, `type_len` its length. Returns the
+    // name's length.
+    static size_t write_default_name(const char* type, size_t type_len, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1]);
+    static size_t write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1]);
 
     // Keeps `owner` alive as long as the objects (for example the description whose nodes the
     // objects were built from).
@@ -183,6 +187,10 @@ private:
         void* last = nullptr;
     };
 
+    // How add() files an object's name: not at all, under its own default name (found through
+    // the id), or in the name index.
+    enum class Naming { unnamed, own_default, indexed };
+    bool admit(VT_obj* obj, const char* name, size_t name_len, Naming naming, QString* error);
     // The object whose default name `name` is, if it has that name.
     VT_obj* find_default_named(const char* name, size_t len) const;
     bool made_here(VT_obj* obj) const;

@@ -101,6 +101,7 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         VT_obj* obj = pool.create(*entry);
         obj->set_id(id);
         char name[VT_obj::NAME_LEN + 1];
+        size_t name_len = 0;
         if (full_type < 256) {
             // The type names of plain types are measured once per read.
             Type_name& t = type_names[full_type];
@@ -108,9 +109,9 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
                 t.text = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
                 t.len = strnlen(t.text, VT_obj::NAME_LEN + 1);
             }
-            Object_pool::write_default_name(t.text, t.len, id, name);
+            name_len = Object_pool::write_default_name(t.text, t.len, id, name);
         } else {
-            Object_pool::write_default_name(full_type, id, name);
+            name_len = Object_pool::write_default_name(full_type, id, name);
         }
         obj->set_name(name);
         Iso::Deserialise_results res;
@@ -123,7 +124,7 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         if (report && (res.flags & Iso::Deserialise_results::value_clamped))
             report->clamped.append(where());
         QString why;
-        if (!pool.add(obj, &why))
+        if (!pool.add_default_named(obj, name_len, &why))
             return fail(where() + QStringLiteral(": ") + why);
         if (report) {
             report->objects = index + 1;
