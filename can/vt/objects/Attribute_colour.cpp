@@ -255,7 +255,9 @@ int Attribute_colour::serialise(const Serialisation_limits* limits, int offset, 
 {
     if (offset != 0 || len < 1)
         return 0;
-    buf[0] = limits ? remap_colour(get(), format_t(limits->colour_format)) : get();
+    // A 256-colour terminal takes every colour as it is.
+    const bool as_is = !limits || limits->colour_format == EIGHT_BIT_COLOUR;
+    buf[0] = as_is ? get() : remap_colour(get(), format_t(limits->colour_format));
     return 1;
 }
 

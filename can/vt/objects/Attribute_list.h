@@ -106,9 +106,15 @@ public:
     }
 
     using Attribute::serialise;
-    int serialise(int offset, uint8_t* buf, int len) const override { return serialise_items(nullptr, offset, buf, len); }
+    int serialise(int offset, uint8_t* buf, int len) const override
+    {
+        return Attribute_list::serialise(nullptr, offset, buf, len);
+    }
+    // Most objects' event macro lists are empty: those return before the item walk.
     int serialise(const Serialisation_limits* limits, int offset, uint8_t* buf, int len) const override
     {
+        if (length == 0 || len <= 0)
+            return 0;
         return serialise_items(limits, offset, buf, len);
     }
 
@@ -226,10 +232,9 @@ public:
     }
 
 private:
+    // The list holds items and `len` is positive.
     int serialise_items(const Serialisation_limits* limits, int offset, uint8_t* buf, int len) const
     {
-        if (length == 0 || len <= 0)
-            return 0;
         int total = 0;
         // Asked once: the items' calls cannot be seen to leave the list alone.
         const int size = item_bytes();
