@@ -28,6 +28,21 @@ const uint16_t NULL_ID = 65535; // the NULL object id
 const char* const item_names[] = {"place", "ref", "Event_macro", "Language", "Point", "Labelref",
                                   "Code_plane_range", "Code_plane_rangeset", "Editable"};
 
+// Hangs a freshly read element into the tree: the root when nothing is open, else the last
+// child of the innermost open element. Returns the element, now owned by the tree.
+Xml_element* adopt(std::unique_ptr<Xml_element> element, std::unique_ptr<Xml_element>& root,
+                   const std::vector<Xml_element*>& open)
+{
+    Xml_element* raw = element.get();
+    if (open.empty()) {
+        root = std::move(element);
+    } else {
+        raw->parent = open.back();
+        open.back()->children.push_back(std::move(element));
+    }
+    return raw;
+}
+
 bool is_item_name(const QByteArray& n)
 {
     for (const char* item : item_names)
@@ -231,13 +246,7 @@ public:
                 bool empty = false;
                 if (!start_tag(*element, empty))
                     return nullptr;
-                Xml_element* raw = element.get();
-                if (open.empty()) {
-                    root = std::move(element);
-                } else {
-                    raw->parent = open.back();
-                    open.back()->children.push_back(std::move(element));
-                }
+                Xml_element* raw = adopt(std::move(element), root, open);
                 if (!empty)
                     open.push_back(raw);
             }
@@ -877,14 +886,7 @@ bool Description::parse(const QByteArray& xml, const QString& file_name)
             element->line = int(std::max<qint64>(start_line, 1));
             for (const QXmlStreamAttribute& a : reader.attributes())
                 element->attributes.push_back({a.qualifiedName().toUtf8(), a.value().toUtf8()});
-            Xml_element* raw = element.get();
-            if (stack.empty()) {
-                root = std::move(element);
-            } else {
-                raw->parent = stack.back();
-                stack.back()->children.push_back(std::move(element));
-            }
-            stack.push_back(raw);
+            stack.push_back(adopt(std::move(element), root, stack));
         } else if (t == QXmlStreamReader::EndElement) {
             if (!stack.empty())
                 stack.pop_back();
