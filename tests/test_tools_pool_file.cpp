@@ -266,15 +266,26 @@ TEST(ToolsPoolFile, WritesPoolsLargerThanItsFirstBufferWhole)
     EXPECT_EQ(Pool_file::write_streamed(pool, 1), expected);
 }
 
-TEST(ToolsPoolFile, ReadsAPrivateCopyOfItsInput)
+TEST(ToolsPoolFile, LeavesItsInputAsItWasAndReadsObjectsHoldingAFloatWhateverTheirSize)
 {
-    QByteArray input = variables;
-    const QByteArray before = input;
+    // An output number holds a float, which marks the bytes it reads; it is read from a private
+    // copy of its bytes, even with all 255 event macros.
+    QByteArray number = bytes({0x0A, 0x00, 0x0C, 0x10, 0x00, 0x08, 0x00, 0x01, 0xFF, 0xFF, 0x00, 0xFF, 0xFF, //
+                               0x01, 0, 0, 0, 0, 0, 0, 0, 0x00, 0x00, 0x80, 0x3F, 0, 0, 0, 255});
+    for (int i = 0; i < 255; ++i)
+        number += bytes({1, 5});
+    QByteArray input = variables + number + variables.left(7).replace(0, 2, bytes({0x0B, 0x00}));
+    const QByteArray before(input.constData(), input.size()); // not sharing the input's bytes
     Object_pool pool;
     ASSERT_TRUE(Pool_file::read(input, pool, nullptr));
     EXPECT_EQ(input, before);
-    input[3] = 0x11; // changing the caller's bytes afterwards does not reach the objects
+    EXPECT_EQ(pool.size(), 5);
+    input[3] = 0x11; // the objects hold nothing of the caller's bytes
     EXPECT_EQ(Pool_file::write(pool), before);
+
+    EXPECT_EQ(read_error(variables + number.left(100)),
+              "object 3 (id 10, type 12 Output_number) at byte offset 22: attributes truncated or malformed "
+              "(97 bytes left after the header)");
 }
 
 TEST(ToolsPoolFile, BadInputStopsWithAOneLineErrorNamingTheObject)

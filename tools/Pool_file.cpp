@@ -33,6 +33,37 @@ private:
     Object_pool::Helper& helper;
 };
 
+// True when the object holds a float attribute, the one kind that writes to the bytes it reads.
+bool holds_float(const VT_obj& obj)
+{
+    for (uint16_t i = 0; i < obj.get_num_every_attribute(); ++i) {
+        const Attribute* a = obj.get_every_attribute(i);
+        if (a && a->get_type() == Attribute::ATTR_FLOAT)
+            return true;
+    }
+    return false;
+}
+
+// Reads an object that writes to its input from a copy of the first bytes of `at`. The first
+// copy holds 1024 bytes, more than the largest well-formed object holding a float takes (an
+// input number with 255 event macros, 548 bytes); only when the object fails to read from a
+// copy shorter than the input is it read again, from a fresh object made by `make`, out of a
+// copy eight times as long. `obj` is left pointing at the last object made.
+template <class Make>
+int read_marking(Object_pool& pool, VT_obj*& obj, const Make& make, const uint8_t* at, int len,
+                 std::vector<uint8_t>& scratch, Iso::Deserialise_results* res)
+{
+    for (int window = std::min(len, 1024);; window = int(std::min<int64_t>(len, int64_t(window) * 8))) {
+        scratch.assign(at, at + window);
+        *res = Iso::Deserialise_results();
+        const int consumed = obj->deserialise(0, scratch.data(), window, res);
+        if ((consumed >= 0 && consumed <= window) || window == len)
+            return consumed;
+        pool.discard(obj);
+        obj = make();
+    }
+}
+
 }
 
 QByteArray Pool_file::default_name(unsigned full_type, uint16_t id)
@@ -44,10 +75,12 @@ QByteArray Pool_file::default_name(unsigned full_type, uint16_t id)
 
 bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error, Read_report* report)
 {
-    // Some attributes mark the bytes they read, so the caller's buffer is never handed out.
-    QByteArray copy(input.constData(), input.size());
-    uint8_t* data = reinterpret_cast<uint8_t*>(copy.data());
-    const int size = copy.size();
+    // Objects read straight from the caller's bytes, which deserialise never writes, except for
+    // those holding a float: the float marks the bytes it read, so such an object reads a
+    // private copy of its own bytes (read_marking).
+    uint8_t* data = const_cast<uint8_t*>(reinterpret_cast<const uint8_t*>(input.constData()));
+    const int size = input.size();
+    std::vector<uint8_t> scratch;
     auto fail = [&](const QString& text) {
         if (error)
             *error = text;
@@ -56,12 +89,13 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
     if (size == 0)
         return fail(QStringLiteral("empty pool: no objects"));
 
-    struct Type_name
+    struct Type_info
     {
         const char* text = nullptr;
         size_t len = 0;
+        int8_t marks_input = -1; // unknown until the first object of the type
     };
-    Type_name type_names[256];
+    Type_info types[256];
     int index = 0;
     for (int offset = 0; offset < size; ++index) {
         int remaining = size - offset;
@@ -98,24 +132,38 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         if (id == VT_obj::NULL_ID)
             return fail(where() + QStringLiteral(": object id 65535 is the NULL id"));
 
-        VT_obj* obj = pool.create(*entry);
-        obj->set_id(id);
         char name[VT_obj::NAME_LEN + 1];
         size_t name_len = 0;
+        Type_info* info = nullptr;
         if (full_type < 256) {
             // The type names of plain types are measured once per read.
-            Type_name& t = type_names[full_type];
-            if (!t.text) {
-                t.text = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
-                t.len = strnlen(t.text, VT_obj::NAME_LEN + 1);
+            info = &types[full_type];
+            if (!info->text) {
+                info->text = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+                info->len = strnlen(info->text, VT_obj::NAME_LEN + 1);
             }
-            name_len = Object_pool::write_default_name(t.text, t.len, id, name);
+            name_len = Object_pool::write_default_name(info->text, info->len, id, name);
         } else {
             name_len = Object_pool::write_default_name(full_type, id, name);
         }
-        obj->set_name(name);
+        auto make = [&]() {
+            VT_obj* made = pool.create(*entry);
+            made->set_id(id);
+            made->set_name(name);
+            return made;
+        };
+        VT_obj* obj = make();
+        bool marks = false;
+        if (info) {
+            if (info->marks_input < 0)
+                info->marks_input = int8_t(holds_float(*obj));
+            marks = info->marks_input;
+        } else {
+            marks = holds_float(*obj);
+        }
         Iso::Deserialise_results res;
-        int consumed = obj->deserialise(0, at + 3, remaining - 3, &res);
+        int consumed = marks ? read_marking(pool, obj, make, at + 3, remaining - 3, scratch, &res)
+                             : obj->deserialise(0, at + 3, remaining - 3, &res);
         if (consumed < 0 || consumed > remaining - 3) {
             pool.discard(obj);
             return fail(where() + QStringLiteral(": attributes truncated or malformed (%1 bytes left after the header)")

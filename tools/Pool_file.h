@@ -25,7 +25,8 @@ public:
     };
 
     // Reads every object of `bytes` into `pool` (objects are named "<Type>_<id>"). Stops at the
-    // first bad object with a one-line error naming its index, id, type and byte offset.
+    // first bad object with a one-line error naming its index, id, type and byte offset. The
+    // bytes are only read, so they may lie in read-only memory (QByteArray::fromRawData).
     static bool read(const QByteArray& bytes, Object_pool& pool, QString* error, Read_report* report = nullptr);
     static bool read_file(const QString& path, Object_pool& pool, QString* error, Read_report* report = nullptr);
 
