@@ -16,8 +16,8 @@
 #include <sstream>
 
 #include "fuzz/fuzz_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 
 namespace {
 

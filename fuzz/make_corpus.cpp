@@ -10,8 +10,8 @@
 #include <memory>
 
 #include "fuzz/fuzz_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "test_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 #include "tools/Pool_tools.h"
 
 using namespace VT;

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "test_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 
 using VT::Description;
 using VT::Object_pool;

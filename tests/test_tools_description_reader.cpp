@@ -7,7 +7,7 @@
 #include <string>
 
 #include "test_support.h"
-#include "tools/Description.h"
+#include "tools/description/Description.h"
 
 using VT::Description;
 using VT::Xml_element;

@@ -6,8 +6,8 @@
 #include <sstream>
 
 #include "test_support.h"
-#include "tools/Object_pool.h"
-#include "tools/Pool_file.h"
+#include "tools/pool/Object_pool.h"
+#include "tools/pool/Pool_file.h"
 #include "tools/Pool_tools.h"
 
 using VT::Object_pool;

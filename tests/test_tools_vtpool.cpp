@@ -7,8 +7,8 @@
 #include <QTemporaryDir>
 
 #include "test_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 #include "tools/Pool_tools.h"
 
 #include <sstream>

@@ -9,8 +9,8 @@
 #include <iomanip>
 #include <sstream>
 
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 
 namespace VT {
 

@@ -7,7 +7,7 @@
 #include <QVector>
 #include <ostream>
 
-#include "tools/Object_pool.h"
+#include "tools/pool/Object_pool.h"
 
 namespace VT {
 

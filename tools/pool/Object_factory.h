@@ -1,5 +1,5 @@
-#ifndef TOOLS_OBJECT_FACTORY_H
-#define TOOLS_OBJECT_FACTORY_H
+#ifndef TOOLS_POOL_OBJECT_FACTORY_H
+#define TOOLS_POOL_OBJECT_FACTORY_H
 
 #include <QByteArray>
 #include <QList>

@@ -1,5 +1,5 @@
-#ifndef TOOLS_POOL_FILE_H
-#define TOOLS_POOL_FILE_H
+#ifndef TOOLS_POOL_POOL_FILE_H
+#define TOOLS_POOL_POOL_FILE_H
 
 #include <QByteArray>
 #include <QString>
@@ -7,7 +7,7 @@
 #include <QVector>
 #include <functional>
 
-#include "tools/Object_pool.h"
+#include "tools/pool/Object_pool.h"
 
 namespace VT {
 

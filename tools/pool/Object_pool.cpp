@@ -1,4 +1,4 @@
-#include "tools/Object_pool.h"
+#include "tools/pool/Object_pool.h"
 
 #include <cassert>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "tools/Pool_file.h"
+#include "tools/pool/Pool_file.h"
 
 #include <QFile>
 #include <algorithm>
@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "tools/Object_factory.h"
+#include "tools/pool/Object_factory.h"
 
 namespace VT {
 

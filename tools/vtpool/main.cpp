@@ -12,9 +12,9 @@
 #include <iostream>
 #include <sstream>
 
-#include "tools/Object_pool.h"
-#include "tools/Pictures.h"
-#include "tools/Pool_file.h"
+#include "tools/pool/Object_pool.h"
+#include "tools/pictures/Pictures.h"
+#include "tools/pool/Pool_file.h"
 #include "tools/Pool_tools.h"
 
 using namespace VT;

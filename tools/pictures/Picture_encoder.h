@@ -1,5 +1,5 @@
-#ifndef TOOLS_PICTURE_ENCODER_H
-#define TOOLS_PICTURE_ENCODER_H
+#ifndef TOOLS_PICTURES_PICTURE_ENCODER_H
+#define TOOLS_PICTURES_PICTURE_ENCODER_H
 
 #include <QByteArray>
 #include <QImage>

@@ -1,10 +1,10 @@
-#ifndef TOOLS_PICTURES_H
-#define TOOLS_PICTURES_H
+#ifndef TOOLS_PICTURES_PICTURES_H
+#define TOOLS_PICTURES_PICTURES_H
 
 #include <QString>
 #include <QStringList>
 
-#include "tools/Object_pool.h"
+#include "tools/pool/Object_pool.h"
 
 namespace VT {
 

@@ -1,4 +1,4 @@
-#include "tools/Description.h"
+#include "tools/description/Description.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,8 +13,8 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "tools/Object_factory.h"
-#include "tools/Picture_encoder.h"
+#include "tools/pool/Object_factory.h"
+#include "tools/pictures/Picture_encoder.h"
 #include "tools/Pool_tools.h"
 
 namespace VT {

@@ -1,4 +1,4 @@
-#include "tools/Pictures.h"
+#include "tools/pictures/Pictures.h"
 
 #include <QDir>
 

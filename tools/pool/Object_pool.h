@@ -1,5 +1,5 @@
-#ifndef TOOLS_OBJECT_POOL_H
-#define TOOLS_OBJECT_POOL_H
+#ifndef TOOLS_POOL_OBJECT_POOL_H
+#define TOOLS_POOL_OBJECT_POOL_H
 
 #include <QByteArray>
 #include <QHash>
@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-#include "tools/Object_factory.h"
+#include "tools/pool/Object_factory.h"
 #include "vt_core.h"
 
 namespace VT {

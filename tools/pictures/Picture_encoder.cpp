@@ -1,4 +1,4 @@
-#include "tools/Picture_encoder.h"
+#include "tools/pictures/Picture_encoder.h"
 
 namespace VT {
 

@@ -1,4 +1,4 @@
-#include "tools/Object_factory.h"
+#include "tools/pool/Object_factory.h"
 
 #include <QHash>
 #include <QVector>

@@ -1,5 +1,5 @@
-#ifndef TOOLS_DESCRIPTION_H
-#define TOOLS_DESCRIPTION_H
+#ifndef TOOLS_DESCRIPTION_DESCRIPTION_H
+#define TOOLS_DESCRIPTION_DESCRIPTION_H
 
 #include <QByteArray>
 #include <QHash>
@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-#include "tools/Object_pool.h"
+#include "tools/pool/Object_pool.h"
 
 namespace VT {
 
