@@ -9,7 +9,7 @@
 #include "test_support.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
-#include "tools/Pool_tools.h"
+#include "tools/source/Source_generator.h"
 
 #include <sstream>
 
@@ -193,14 +193,14 @@ TEST(ToolsVtpool, SourceNeedsIdentifiersAndNamedReferences)
     ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
     std::ostringstream text;
     QString error;
-    EXPECT_FALSE(VT::Pool_tools::generate_source(pool, "names.xml", text, &error));
+    EXPECT_FALSE(VT::Source_generator::generate(pool, "names.xml", text, &error));
     EXPECT_EQ(error, "'delete' is not usable as a C++ name; "
                      "object name 'v_value' collides with the array of 'v' attribute 'value'");
 
     // References read from pool bytes carry ids only.
     VT::Object_pool from_bytes;
     ASSERT_TRUE(VT::Pool_file::read(VT::Pool_file::write(pool), from_bytes, &error));
-    EXPECT_FALSE(VT::Pool_tools::generate_source(from_bytes, "names.iop", text, &error));
+    EXPECT_FALSE(VT::Source_generator::generate(from_bytes, "names.iop", text, &error));
     EXPECT_EQ(error, "1 references name no object ('Output_number_0' (Output_number 0): 'variable_reference' refers "
                      "to object 2), as in pool bytes; generated source needs a pool description");
 }

@@ -15,7 +15,7 @@
 
 #include "tools/pool/Object_factory.h"
 #include "tools/pictures/Picture_encoder.h"
-#include "tools/Pool_tools.h"
+#include "tools/terminal/Scaling.h"
 
 namespace VT {
 
@@ -1369,7 +1369,7 @@ bool Description::build(Object_pool& target)
     }
     read_values();
     // Children placed by name learn their area from the masks only through their references.
-    Pool_tools::propagate_areas(*pool);
+    Scaling::propagate_areas(*pool);
     resolve_colours();
     justify();
     report_unused(root.get());

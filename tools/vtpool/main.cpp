@@ -15,7 +15,11 @@
 #include "tools/pool/Object_pool.h"
 #include "tools/pictures/Pictures.h"
 #include "tools/pool/Pool_file.h"
-#include "tools/Pool_tools.h"
+#include "tools/check/Structure_check.h"
+#include "tools/pool/Pool_loader.h"
+#include "tools/report/Report.h"
+#include "tools/source/Source_generator.h"
+#include "tools/terminal/Scaling.h"
 
 using namespace VT;
 
@@ -178,7 +182,7 @@ void print_lines(const QStringList& lines, const char* prefix = "")
 bool load_pool(const QString& path, Object_pool& pool, bool verbose = false, bool* is_description = nullptr)
 {
     QStringList problems, warnings;
-    bool ok = Pool_tools::load(path, pool, problems, warnings, verbose, is_description);
+    bool ok = Pool_loader::load(path, pool, problems, warnings, verbose, is_description);
     print_lines(warnings, "warning: ");
     print_lines(problems, "error: ");
     return ok;
@@ -233,7 +237,7 @@ int cmd_build(const QStringList& args)
             return usage_error("build", "--vt-version takes a VT version such as 3 or 6");
         terminal = true;
     }
-    Pool_tools::Ratio mask_ratio, key_ratio;
+    Scaling::Ratio mask_ratio, key_ratio;
     if (a.options.contains("--mask-size") != a.options.contains("--design-size"))
         return usage_error("build", "--mask-size and --design-size go together");
     if (a.options.contains("--key-size") != a.options.contains("--design-key-size"))
@@ -268,15 +272,16 @@ int cmd_build(const QStringList& args)
     if (version) {
         pool.set_negotiated_version(uint8_t(version));
         QSet<uint8_t> types;
-        for (unsigned t = 0; t < 48; ++t)
-            if (Pool_tools::type_version(t) <= int(version))
-                types.insert(uint8_t(t));
+        for (unsigned t = 0; t < 256; ++t)
+            if (int needs = Structure_check::type_version(t))
+                if (needs <= int(version))
+                    types.insert(uint8_t(t));
         pool.set_supported_types(types);
     }
     if (mask_ratio.active || key_ratio.active) {
         if (!is_description)
-            Pool_tools::propagate_areas(pool);
-        Pool_tools::scale(pool, mask_ratio, key_ratio);
+            Scaling::propagate_areas(pool);
+        Scaling::scale(pool, mask_ratio, key_ratio);
     }
 
     QString out_path = a.options["--output"];
@@ -325,13 +330,7 @@ int cmd_dump(const QStringList& args)
         return usage_error("dump", "give exactly one POOL");
     Object_pool pool;
     bool ok = load_pool(a.positional[0], pool);
-    Debug::Text_dumper dumper(std::cout);
-    for (VT_obj* obj : pool.objects()) {
-        obj->print_me(std::cout, 0);
-        if (a.flags.contains("--bytes"))
-            obj->serialise(dumper, true);
-    }
-    std::cout.flush();
+    Report::dump(pool, std::cout, a.flags.contains("--bytes"));
     return ok ? OK : PROBLEM;
 }
 
@@ -349,7 +348,7 @@ int cmd_source(const QStringList& args)
         return PROBLEM;
     std::ostringstream text;
     QString error;
-    if (!Pool_tools::generate_source(pool, a.positional[0], text, &error)) {
+    if (!Source_generator::generate(pool, a.positional[0], text, &error)) {
         std::cerr << "error: " << error.toStdString() << std::endl;
         return PROBLEM;
     }
@@ -376,7 +375,7 @@ int cmd_check(const QStringList& args)
     Object_pool pool;
     if (!load_pool(a.positional[0], pool))
         return PROBLEM;
-    Pool_tools::Check_result r = Pool_tools::check(pool, int(version));
+    Structure_check::Check_result r = Structure_check::check(pool, int(version));
     for (const QString& p : r.problems)
         std::cout << "problem: " << p.toStdString() << "\n";
     std::cout << pool.size() << " objects, " << r.problems.size() << " problems\n";
@@ -428,7 +427,7 @@ int cmd_info(const QStringList& args)
     Object_pool pool;
     if (!load_pool(a.positional[0], pool))
         return PROBLEM;
-    Pool_tools::info(pool, std::cout);
+    Report::info(pool, std::cout);
     std::cout.flush();
     return OK;
 }
