@@ -103,6 +103,25 @@ TEST(ToolsDescription, ReportsStructuralProblemsWithTheirLines)
     EXPECT_EQ(b->pool.size(), 0) << "nothing is built from a description with structural problems";
 }
 
+TEST(ToolsDescription, TypesTheCatalogueKnowsWithoutAClassAreToldApartFromUnknownOnes)
+{
+    // Translatable_string is in the catalogue but no class makes it; "UNKNOWN" is what the
+    // catalogue calls types it does not know, not a type.
+    auto b = build(R"(<object_pool>
+  <Translatable_string name="t"/>
+  <UNKNOWN name="u"/>
+  <Config_table name="c"/>
+</object_pool>)",
+                   "c.xml");
+    EXPECT_EQ(b->d.problems(), QStringList({"c.xml:2: object type 'Translatable_string' is not available in this build",
+                                            "c.xml:3: unknown object type 'UNKNOWN'"}));
+    Object_pool pool;
+    QString error;
+    EXPECT_FALSE(VT::Pool_file::read(QByteArray("\x01\x00\xF5\x00", 4), pool, &error));
+    EXPECT_EQ(error, "object 0 (id 1, type 245 Translatable_string) at byte offset 0: object type 245 is not "
+                     "available in this build");
+}
+
 TEST(ToolsDescription, ReportsBadValuesAndUnusedAttributes)
 {
     auto b = build(R"(<object_pool>

@@ -62,17 +62,6 @@ bool is_byte_string(const QByteArray& key)
     return key == "bytes" || key == "colours" || key == "data";
 }
 
-bool is_type_name(const QByteArray& n)
-{
-    for (unsigned t = 0; t < 48; ++t)
-        if (n == VT_obj_type::get_type_string(VT_obj_type::type_t(t)))
-            return true;
-    for (unsigned t : {241u, 242u, 243u, 244u, 245u, 246u + 256, 246u + 512, 246u + 768, 246u + 1024, 246u + 1280})
-        if (n == VT_obj_type::get_type_string(VT_obj_type::type_t(t)))
-            return true;
-    return false;
-}
-
 struct Symbol
 {
     const char* name;
@@ -1003,7 +992,7 @@ void Description::collect(Xml_element* e, int depth)
     }
     const Object_factory::Entry* entry = Object_factory::find(e->name);
     if (!entry) {
-        if (is_type_name(e->name))
+        if (Object_factory::catalogue_knows(e->name))
             problem(e, QStringLiteral("object type '%1' is not available in this build").arg(QString::fromUtf8(e->name)));
         else
             problem(e, QStringLiteral("unknown object type '%1'").arg(QString::fromUtf8(e->name)));

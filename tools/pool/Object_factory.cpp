@@ -1,7 +1,9 @@
 #include "tools/pool/Object_factory.h"
 
 #include <QHash>
+#include <QSet>
 #include <QVector>
+#include <cstring>
 #include <new>
 
 namespace VT {
@@ -148,6 +150,24 @@ const Object_factory::Entry* Object_factory::find_for_pool(unsigned full_type)
 const QList<const Object_factory::Entry*>& Object_factory::all()
 {
     return index().entries;
+}
+
+bool Object_factory::catalogue_knows(unsigned full_type)
+{
+    return strcmp(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type)), "UNKNOWN") != 0;
+}
+
+bool Object_factory::catalogue_knows(const QByteArray& type_name)
+{
+    // Full types are a type byte and an extended type byte: every one is asked once.
+    static const QSet<QByteArray> names = [] {
+        QSet<QByteArray> known;
+        for (unsigned t = 0; t <= 0xFFFF; ++t)
+            if (catalogue_knows(t))
+                known.insert(QByteArray(VT_obj_type::get_type_string(VT_obj_type::type_t(t))));
+        return known;
+    }();
+    return names.contains(type_name);
 }
 
 }

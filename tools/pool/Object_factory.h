@@ -32,6 +32,11 @@ public:
     // The entry that reads objects of this full type from pool bytes, or null.
     static const Entry* find_for_pool(unsigned full_type);
     static const QList<const Entry*>& all();
+
+    // Whether the type catalogue knows a type of this full type or name, whether or not this
+    // build has a class for it.
+    static bool catalogue_knows(unsigned full_type);
+    static bool catalogue_knows(const QByteArray& type_name);
 };
 
 }

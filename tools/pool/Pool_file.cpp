@@ -123,7 +123,7 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
             if (type == VT_obj_type::TYPE_CONFIG)
                 return fail(where() + QStringLiteral(": unknown configuration object kind %1")
                                           .arg(remaining > 3 ? int(at[3]) : -1));
-            if (strcmp(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type)), "UNKNOWN") != 0)
+            if (Object_factory::catalogue_knows(full_type))
                 return fail(where() + QStringLiteral(": object type %1 is not available in this build").arg(type));
             return fail(where() + QStringLiteral(": unknown object type %1").arg(type));
         }
