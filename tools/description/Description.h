@@ -9,59 +9,11 @@
 #include <QStringList>
 #include <QVector>
 #include <memory>
-#include <vector>
 
+#include "tools/description/Xml_element.h"
 #include "tools/pool/Object_pool.h"
 
 namespace VT {
-
-// An XML attribute of an element; `used` is set once the value has been asked for.
-struct Xml_attribute
-{
-    QByteArray key; // UTF-8
-    QByteArray value;
-    bool used = false;
-};
-
-// A value the host supplies itself (a decoded byte string, picture data or sizes); it takes
-// precedence over the XML attribute of the same key.
-struct Xml_supplied
-{
-    QByteArray key;
-    QByteArray value;
-    bool binary; // raw bytes rather than text
-};
-
-// One element of a pool description: its name, XML attributes, line and children.
-struct Xml_element
-{
-    // What an element stands for, decided by its name when it is read.
-    enum Kind : unsigned char { OBJECT, LIST_ITEM, ITEM, ATTR_WRAPPER, COLOUR, POOL };
-
-    QByteArray name;
-    std::vector<Xml_attribute> attributes; // in document order
-    int line = 0;
-    Kind kind = OBJECT;
-    Xml_element* parent = nullptr;
-    std::vector<std::unique_ptr<Xml_element>> children;
-
-    // Filled while building: the supplied values (few, so a vector) and the object the element
-    // defines.
-    std::vector<Xml_supplied> supplied;
-    VT_obj* object = nullptr;
-    int id = -1; // the object id given or assigned; -1 while there is none
-
-    void set_name(const QByteArray& element_name);
-    const QByteArray* attribute(const char* key) const;
-    // The XML attribute named `key` (len bytes), or null.
-    Xml_attribute* find_attribute(const char* key, size_t len);
-    const Xml_attribute* find_attribute(const char* key, size_t len) const;
-    void mark_used(const char* key);
-    // Adds a supplied value, or replaces the one of the same key.
-    void supply(const char* key, const QByteArray& value, bool binary);
-    bool is_object() const { return kind == OBJECT; }       // named by a type
-    bool is_list_item() const { return kind == LIST_ITEM; } // "place" or "ref"
-};
 
 // A pool description read from XML (format: docs/description-format.md) and built into the
 // objects of an Object_pool through the library's set_by_spec.
