@@ -67,10 +67,7 @@ bool Description::parse(const QByteArray& xml, const QString& file_name)
     file = file_name;
     base_dir = QFileInfo(file_name).absolutePath();
     root.reset();
-    if (!full_xml_reader)
-        root = read_plain(xml);
-    if (!root)
-        root = Xml_reader::read(xml, file, problem_list);
+    root = Xml_reader::read(xml, file, problem_list);
     return root && problem_list.isEmpty();
 }
 

@@ -39,11 +39,6 @@ public:
     const QStringList& warnings() const { return warning_list; }
     // Library chatter on standard output during set_by_spec is dropped unless verbose.
     void set_verbose(bool on) { verbose = on; }
-    // Plain descriptions (UTF-8 elements, attributes, whitespace and comments) are read by a
-    // quick reader of their own, which gives null for any other text; parse then reads it with
-    // the general XML reader. set_full_xml_reader(true) makes parse use the general one always.
-    static std::unique_ptr<Xml_element> read_plain(const QByteArray& xml);
-    void set_full_xml_reader(bool on) { full_xml_reader = on; }
 
     const QString& file_name() const { return file; }
     QString where(const Xml_element* e) const;
@@ -93,7 +88,6 @@ private:
     QStringList problem_list;
     QStringList warning_list;
     bool verbose = false;
-    bool full_xml_reader = false;
 };
 
 }
