@@ -10,6 +10,7 @@
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/source/Source_generator.h"
+#include "tools/terminal/Scaling.h"
 
 #include <sstream>
 
@@ -203,4 +204,112 @@ TEST(ToolsVtpool, SourceNeedsIdentifiersAndNamedReferences)
     EXPECT_FALSE(VT::Source_generator::generate(from_bytes, "names.iop", text, &error));
     EXPECT_EQ(error, "1 references name no object ('Output_number_0' (Output_number 0): 'variable_reference' refers "
                      "to object 2), as in pool bytes; generated source needs a pool description");
+}
+
+TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
+{
+    // The general help names every command; each command's help lists its options, and the
+    // command accepts every option listed there and no other.
+    const Outcome general = vtpool({"--help"});
+    QStringList commands;
+    for (const QString& line : general.out.split('\n'))
+        if (line.startsWith("  ") && !line.startsWith("   "))
+            commands.append(line.trimmed().section(' ', 0, 0));
+    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "info"}));
+    for (const QString& command : commands) {
+        SCOPED_TRACE(command.toStdString());
+        const Outcome help = vtpool({command, "--help"});
+        QStringList listed;
+        for (const QString& line : help.out.split('\n')) {
+            if (!line.startsWith("  -"))
+                continue;
+            // "  -o, --output FILE   text": the last name. The "1" after it is its value, or a
+            // second positional argument for an option without one: bad usage, but not an
+            // unknown option.
+            const QStringList words = line.trimmed().split(' ', Qt::SkipEmptyParts);
+            int last = 0;
+            while (last + 1 < words.size() && words[last].endsWith(','))
+                ++last;
+            listed.append(words[last]);
+            const Outcome r = vtpool({command, "x.xml", words[last], "1"});
+            EXPECT_FALSE(r.err.contains("unknown option", Qt::CaseInsensitive))
+                << words[last].toStdString() << ": " << r.err.toStdString();
+        }
+        for (const char* option : {"--output", "--colours", "--bytes", "--vt-version", "--chunk"})
+            if (!listed.contains(option)) {
+                const Outcome r = vtpool({command, "x.xml", option, "1"});
+                EXPECT_EQ(r.status, 2) << option;
+                EXPECT_TRUE(r.err.contains(QStringLiteral("unknown option %1").arg(option))) << r.err.toStdString();
+            }
+    }
+}
+
+TEST(ToolsVtpool, BadCommandLinesNameTheOptionAtFault)
+{
+    struct Case
+    {
+        QStringList args;
+        const char* error;
+    } const cases[] = {
+        {{"build", "a.xml", "-o"}, "vtpool build: --output needs a value"},
+        {{"build", "a.xml", "-o", "a.iop", "--output", "b.iop"}, "vtpool build: --output given twice"},
+        {{"build", "a.xml"}, "vtpool build: -o POOL.iop is required"},
+        {{"source", "a.xml"}, "vtpool source: -o FILE.cpp is required"},
+        {{"pictures", "a.xml", "b.xml", "-o", "d"}, "vtpool pictures: give exactly one POOL"},
+        {{"dump", "a.xml", "-x"}, "vtpool dump: unknown option -x"},
+        {{"dump", "a.xml", "--bogus=3"}, "vtpool dump: unknown option --bogus"},
+        {{"dump", "a.xml", "--bytes=1"}, "vtpool dump: --bytes takes no value"},
+        {{"check", "a.xml", "--colours", "16"}, "vtpool check: unknown option --colours"},
+        {{"check", "a.xml", "--vt-version", "1"}, "vtpool check: --vt-version takes a VT version such as 3 or 6"},
+        {{"build", "a.xml", "-o", "a.iop", "--key-size", "90x120"},
+         "vtpool build: --key-size and --design-key-size go together"},
+        {{"build", "a.xml", "-o", "a.iop", "--small-fonts", "0x100"},
+         "vtpool build: --small-fonts takes a mask from 0 to 255"},
+        {{"build", "a.xml", "-o", "a.iop", "--chunk", "0"}, "vtpool build: --chunk takes a positive number of bytes"},
+    };
+    for (const Case& c : cases) {
+        const Outcome r = vtpool(c.args);
+        EXPECT_EQ(r.status, 2) << c.error;
+        EXPECT_TRUE(r.err.startsWith(QStringLiteral("%1\n(vtpool ").arg(c.error))) << r.err.toStdString();
+    }
+    // A value may follow its option after '=' or be the next argument, even one starting with '-'.
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString xml = QStringLiteral(VT_TEST_DATA_DIR "/tools/variables.xml");
+    EXPECT_EQ(vtpool({"build", xml, "--output=" + tmp.filePath("a.iop")}).status, 0);
+    EXPECT_EQ(vtpool({"build", "--chunk", "7", xml, "-o", tmp.filePath("-b.iop")}).status, 0);
+    EXPECT_EQ(read_file(tmp.filePath("a.iop")), read_file(tmp.filePath("-b.iop")));
+}
+
+TEST(ToolsVtpool, ScalingOptionsScaleEachAreaByItsOwnRatio)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QByteArray xml = R"(<object_pool>
+  <Data_mask name="dm" soft_key_mask="skm">
+    <place object="box" x_location="100" y_location="50"/>
+  </Data_mask>
+  <Container name="box" width="100" height="40"/>
+  <Soft_key_mask name="skm">
+    <ref object="k"/>
+  </Soft_key_mask>
+  <Key name="k" key_code="1">
+    <place object="key_label" x_location="6" y_location="8"/>
+  </Key>
+  <Output_string name="key_label" width="50" height="40" string="b"/>
+</object_pool>)";
+    const QString path = tmp.filePath("screens.xml");
+    ASSERT_TRUE(write_file(path, xml));
+    const QString out = tmp.filePath("screens.iop");
+    const Outcome r = vtpool({"build", path, "-o", out, "--design-size", "200x100", "--mask-size", "400",
+                              "--design-key-size", "60x60", "--key-size", "90x120"});
+    ASSERT_EQ(r.status, 0) << r.err.toStdString();
+
+    // The same pool scaled here: the data mask 2 across and 4 down, the keys 1.5 and 2.
+    VT::Description d;
+    VT::Object_pool pool;
+    ASSERT_TRUE(d.parse(xml, "screens.xml") && d.build(pool)) << d.problems().join("\n").toStdString();
+    VT::Scaling::scale(pool, {true, 400, 400, 200, 100}, {true, 90, 120, 60, 60});
+    EXPECT_EQ(pool.find(QByteArray("box"))->get_height(), 160);
+    EXPECT_EQ(read_file(out), VT::Pool_file::write(pool));
 }

@@ -7,6 +7,20 @@
 
 namespace VT {
 
+Scaling::Ratio Scaling::mask_ratio(const Terminal& terminal, const Design_size& design)
+{
+    if (!design.mask_width || !design.mask_height)
+        return Ratio();
+    return {true, terminal.data_mask_width, terminal.data_mask_height, design.mask_width, design.mask_height};
+}
+
+Scaling::Ratio Scaling::key_ratio(const Terminal& terminal, const Design_size& design)
+{
+    if (!design.key_width || !design.key_height)
+        return Ratio();
+    return {true, terminal.key_width, terminal.key_height, design.key_width, design.key_height};
+}
+
 void Scaling::propagate_areas(Object_pool& pool)
 {
     auto walk = [&](VT_obj* root, scale_area_t area) {

@@ -4,8 +4,17 @@
 #include <cstdint>
 
 #include "tools/pool/Object_pool.h"
+#include "tools/terminal/Terminal.h"
 
 namespace VT {
+
+// The screen a pool was designed for; 0 where a size was not given (the pool is then not
+// scaled in that area).
+struct Design_size
+{
+    uint16_t mask_width = 0, mask_height = 0; // the data-mask area
+    uint16_t key_width = 0, key_height = 0;   // one soft-key designator
+};
 
 // Fitting a pool designed for one screen to a terminal's data mask and soft keys.
 class Scaling
@@ -16,6 +25,11 @@ public:
         bool active = false;
         uint16_t num_x = 1, num_y = 1, den_x = 1, den_y = 1;
     };
+
+    // The terminal's size over the designed one, for the data-mask and the soft-key area;
+    // inactive where no design size was given.
+    static Ratio mask_ratio(const Terminal& terminal, const Design_size& design);
+    static Ratio key_ratio(const Terminal& terminal, const Design_size& design);
 
     // Gives objects read from pool bytes the area they are drawn in, from the masks down.
     static void propagate_areas(Object_pool& pool);
