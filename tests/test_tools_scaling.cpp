@@ -1,6 +1,10 @@
 // Scaling a pool for a terminal: each object by the ratio of the area it is drawn in.
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
 #include "test_support.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
@@ -122,4 +126,37 @@ TEST(ToolsScaling, NoRatioLeavesThePoolAlone)
     Scaling::scale(pool, Scaling::Ratio(), key);
     EXPECT_EQ(get<Base::Data_mask_obj>(pool, "dm")->get_child_location_x_location(0), 100);
     EXPECT_EQ(pool.find(QByteArray("key_label"))->get_width(), 75);
+}
+
+TEST(ToolsScaling, VtpoolScalesEachAreaByItsOwnRatio)
+{
+    // The data mask designed at 200 x 100 and shown at 400: 2 across, 4 down; the keys 1.5 and 2.
+    Description d;
+    Object_pool expected;
+    ASSERT_TRUE(d.parse(screens, "scale.xml"));
+    ASSERT_TRUE(d.build(expected));
+    Scaling::scale(expected, {true, 400, 400, 200, 100}, key);
+    EXPECT_EQ(get<Base::Container_obj>(expected, "box")->get_height(), 160);
+    const QByteArray want = Pool_file::write(expected);
+
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    auto file = [&](const char* name) { return tmp.filePath(QString::fromLatin1(name)); };
+    auto vtpool = [](const QStringList& args) {
+        QProcess p;
+        p.start(QStringLiteral(VT_VTPOOL), args);
+        return p.waitForFinished(60000) && p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
+    };
+    QFile xml(file("scale.xml"));
+    ASSERT_TRUE(xml.open(QIODevice::WriteOnly) && xml.write(screens) > 0);
+    xml.close();
+    ASSERT_TRUE(vtpool({"build", file("scale.xml"), "-o", file("plain.iop")}));
+    // A pool file's objects learn their areas from the masks before they are scaled.
+    for (const char* input : {"scale.xml", "plain.iop"}) {
+        ASSERT_TRUE(vtpool({"build", file(input), "-o", file("scaled.iop"), "--design-size", "200x100", "--mask-size",
+                            "400", "--design-key-size", "60x60", "--key-size", "90x120"}));
+        QFile scaled(file("scaled.iop"));
+        ASSERT_TRUE(scaled.open(QIODevice::ReadOnly));
+        EXPECT_EQ(scaled.readAll(), want) << input;
+    }
 }

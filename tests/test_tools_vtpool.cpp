@@ -10,7 +10,6 @@
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/source/Source_generator.h"
-#include "tools/terminal/Scaling.h"
 
 #include <sstream>
 
@@ -279,37 +278,4 @@ TEST(ToolsVtpool, BadCommandLinesNameTheOptionAtFault)
     EXPECT_EQ(vtpool({"build", xml, "--output=" + tmp.filePath("a.iop")}).status, 0);
     EXPECT_EQ(vtpool({"build", "--chunk", "7", xml, "-o", tmp.filePath("-b.iop")}).status, 0);
     EXPECT_EQ(read_file(tmp.filePath("a.iop")), read_file(tmp.filePath("-b.iop")));
-}
-
-TEST(ToolsVtpool, ScalingOptionsScaleEachAreaByItsOwnRatio)
-{
-    QTemporaryDir tmp;
-    ASSERT_TRUE(tmp.isValid());
-    const QByteArray xml = R"(<object_pool>
-  <Data_mask name="dm" soft_key_mask="skm">
-    <place object="box" x_location="100" y_location="50"/>
-  </Data_mask>
-  <Container name="box" width="100" height="40"/>
-  <Soft_key_mask name="skm">
-    <ref object="k"/>
-  </Soft_key_mask>
-  <Key name="k" key_code="1">
-    <place object="key_label" x_location="6" y_location="8"/>
-  </Key>
-  <Output_string name="key_label" width="50" height="40" string="b"/>
-</object_pool>)";
-    const QString path = tmp.filePath("screens.xml");
-    ASSERT_TRUE(write_file(path, xml));
-    const QString out = tmp.filePath("screens.iop");
-    const Outcome r = vtpool({"build", path, "-o", out, "--design-size", "200x100", "--mask-size", "400",
-                              "--design-key-size", "60x60", "--key-size", "90x120"});
-    ASSERT_EQ(r.status, 0) << r.err.toStdString();
-
-    // The same pool scaled here: the data mask 2 across and 4 down, the keys 1.5 and 2.
-    VT::Description d;
-    VT::Object_pool pool;
-    ASSERT_TRUE(d.parse(xml, "screens.xml") && d.build(pool)) << d.problems().join("\n").toStdString();
-    VT::Scaling::scale(pool, {true, 400, 400, 200, 100}, {true, 90, 120, 60, 60});
-    EXPECT_EQ(pool.find(QByteArray("box"))->get_height(), 160);
-    EXPECT_EQ(read_file(out), VT::Pool_file::write(pool));
 }
