@@ -16,6 +16,9 @@
 #include "tools/Pictures.h"
 #include "tools/Pool_file.h"
 #include "tools/Pool_tools.h"
+#include "tools/render/Png_writer.h"
+#include "tools/render/Renderer.h"
+#include "tools/terminal/Terminal.h"
 
 using namespace VT;
 
@@ -35,6 +38,7 @@ const char* const general_help =
     "  check     check containment rules, references and ids; report the VT version needed\n"
     "  pictures  write the pool's pictures as PNG files\n"
     "  info      objects and bytes per type, the largest objects\n"
+    "  render    draw masks and objects as a terminal shows them, to PNG files\n"
     "\n"
     "POOL and INPUT are a pool description (XML) or a pool file (ISO 11783-6 bytes).\n"
     "Exit status: 0 fine, 1 a problem was found, 2 bad usage.\n";
@@ -85,6 +89,26 @@ const QMap<QString, QString>& command_help()
          "\n"
          "Writes every picture graphic and PNG object as DIR/<name>.png.\n"
          "  -o, --output DIR   the folder to write into (created if missing)\n"},
+        {"render",
+         "usage: vtpool render POOL [-o FILE.png] [options]\n"
+         "       vtpool render POOL --all -o DIR [options]\n"
+         "\n"
+         "Draws the working set's active mask as a terminal with the given properties shows\n"
+         "it: the mask at the data-mask size, the soft keys of its soft-key mask beside it.\n"
+         "Without -o the picture goes to POOL's name with .png in the current folder.\n"
+         "\n"
+         "  -o, --output FILE|DIR    the PNG file, or with --all the folder (created if missing)\n"
+         "  --mask NAME|ID           draw this data, alarm or window mask instead\n"
+         "  --object NAME|ID         draw this object alone, at its own size\n"
+         "  --all                    draw every mask into DIR, with an index.html showing them\n"
+         "  --scale N                enlarge N times (each pixel repeated; 1-16, default 1)\n"
+         "  --colours 2|16|256       the terminal's colours (default 256)\n"
+         "  --mask-size N|WxH        its data-mask size in pixels (default 480)\n"
+         "  --key-size WxH           its soft-key designator size (default 60x60)\n"
+         "  --soft-keys N            its physical soft keys beside the mask (0-64, default 6)\n"
+         "  --small-fonts MASK       small font sizes it supports (bit 0 6x8 .. bit 7 32x32)\n"
+         "  --large-fonts MASK       large font sizes it supports (bit 0 32x48 .. bit 6 128x192)\n"
+         "  --font-styles MASK       font styles it supports (bit 0 bold, 1 crossed out, ...)\n"},
         {"info",
          "usage: vtpool info POOL\n"
          "\n"
@@ -433,6 +457,190 @@ int cmd_info(const QStringList& args)
     return OK;
 }
 
+// The object a NAME|ID option names: by name first, then by id.
+VT_obj* find_named(Object_pool& pool, const QString& text)
+{
+    if (VT_obj* obj = pool.find(text.toUtf8()))
+        return obj;
+    unsigned id = 0;
+    return parse_number(text, 65534, id) ? pool.find(uint16_t(id)) : nullptr;
+}
+
+// A file name from an object name: letters, digits, '-' and '_' kept, anything else '_'.
+QString file_name_for(const QString& name)
+{
+    QString out;
+    for (QChar c : name)
+        out += (c.isLetterOrNumber() && c.unicode() < 128) || c == '-' || c == '_' ? c : QChar('_');
+    return out.isEmpty() ? QStringLiteral("object") : out;
+}
+
+QString html_escaped(const QString& text)
+{
+    return text.toHtmlEscaped();
+}
+
+int cmd_render(const QStringList& args)
+{
+    Arguments a = parse_arguments(args,
+                                  {"--output", "--mask", "--object", "--scale", "--colours", "--mask-size",
+                                   "--key-size", "--soft-keys", "--small-fonts", "--large-fonts", "--font-styles"},
+                                  {"--all"});
+    if (!a.error.isEmpty())
+        return usage_error("render", a.error);
+    if (a.positional.size() != 1)
+        return usage_error("render", "give exactly one POOL");
+    const bool all = a.flags.contains("--all");
+    if (int(all) + int(a.options.contains("--mask")) + int(a.options.contains("--object")) > 1)
+        return usage_error("render", "--all, --mask and --object exclude each other");
+    if (all && !a.options.contains("--output"))
+        return usage_error("render", "--all needs -o DIR");
+
+    Terminal terminal;
+    unsigned scale = 1;
+    if (a.options.contains("--scale") && (!parse_number(a.options["--scale"], 16, scale) || scale == 0))
+        return usage_error("render", "--scale takes a whole number from 1 to 16");
+    if (a.options.contains("--colours")) {
+        const QString c = a.options["--colours"];
+        if (c != "2" && c != "16" && c != "256")
+            return usage_error("render", "--colours takes 2, 16 or 256");
+        terminal.colours = c.toInt();
+    }
+    if (a.options.contains("--mask-size")) {
+        unsigned w = 0, h = 0;
+        const QString size = a.options["--mask-size"];
+        if (parse_number(size, 8192, w) && w > 0)
+            h = w;
+        else if (!parse_size(size, w, h) || w > 8192 || h > 8192)
+            return usage_error("render", "--mask-size takes N or WIDTHxHEIGHT (at most 8192)");
+        terminal.data_mask_width = uint16_t(w);
+        terminal.data_mask_height = uint16_t(h);
+    }
+    if (a.options.contains("--key-size")) {
+        unsigned w = 0, h = 0;
+        if (!parse_size(a.options["--key-size"], w, h) || w > 8192 || h > 8192)
+            return usage_error("render", "--key-size takes WIDTHxHEIGHT (at most 8192)");
+        terminal.key_width = uint16_t(w);
+        terminal.key_height = uint16_t(h);
+    }
+    if (a.options.contains("--soft-keys")) {
+        unsigned n = 0;
+        if (!parse_number(a.options["--soft-keys"], 64, n))
+            return usage_error("render", "--soft-keys takes a number from 0 to 64");
+        terminal.physical_soft_keys = uint8_t(n);
+    }
+    struct Mask_option
+    {
+        const char* name;
+        uint8_t* field;
+    } masks[] = {{"--small-fonts", &terminal.small_fonts},
+                 {"--large-fonts", &terminal.large_fonts},
+                 {"--font-styles", &terminal.font_styles}};
+    for (const Mask_option& m : masks)
+        if (a.options.contains(m.name)) {
+            unsigned v = 0;
+            if (!parse_number(a.options[m.name], 255, v))
+                return usage_error("render", QStringLiteral("%1 takes a mask from 0 to 255").arg(m.name));
+            *m.field = uint8_t(v);
+        }
+
+    Object_pool pool;
+    if (!load_pool(a.positional[0], pool))
+        return PROBLEM;
+    Render::Renderer renderer(terminal, pool);
+    auto report_cut = [&renderer](VT_obj* obj) {
+        if (renderer.truncated())
+            std::cerr << "warning: " << Pool_tools::label(obj).toStdString()
+                      << " asks for more drawing than a picture may take; the drawing stops early" << std::endl;
+    };
+    QString error;
+
+    if (all) {
+        const QString dir = a.options["--output"];
+        if (!QDir().mkpath(dir)) {
+            std::cerr << "error: cannot create '" << dir.toStdString() << "'" << std::endl;
+            return PROBLEM;
+        }
+        const QVector<VT_obj*> list = Render::Renderer::masks(pool);
+        QString html = QStringLiteral("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>%1</title>\n"
+                                      "<style>body{font-family:sans-serif} figure{display:inline-block;"
+                                      "margin:8px;vertical-align:top} img{border:1px solid #888;"
+                                      "image-rendering:pixelated}</style></head><body>\n<h1>%1</h1>\n")
+                           .arg(html_escaped(QFileInfo(a.positional[0]).fileName()));
+        QSet<QString> used;
+        for (VT_obj* mask : list) {
+            const QString name = QString::fromUtf8(mask->VT_obj_base::get_name());
+            QString file = file_name_for(name);
+            if (used.contains(file))
+                file += QStringLiteral("_%1").arg(mask->get_id());
+            used.insert(file);
+            file += ".png";
+            const Render::Canvas picture = renderer.render_screen(mask);
+            report_cut(mask);
+            if (!Render::write_png(picture, QDir(dir).filePath(file), int(scale), &error)) {
+                std::cerr << "error: " << error.toStdString() << std::endl;
+                return PROBLEM;
+            }
+            std::cout << QDir(dir).filePath(file).toStdString() << "\n";
+            html += QStringLiteral("<figure><img src=\"%1\" alt=\"%2\"><figcaption>%2 (%3 %4)</figcaption></figure>\n")
+                        .arg(html_escaped(file), html_escaped(name),
+                             QString::fromLatin1(mask->get_type_string()))
+                        .arg(mask->get_id());
+        }
+        html += QStringLiteral("</body></html>\n");
+        if (!Render::write_file_atomically(html.toUtf8(), QDir(dir).filePath("index.html"), &error)) {
+            std::cerr << "error: " << error.toStdString() << std::endl;
+            return PROBLEM;
+        }
+        std::cout << list.size() << " masks drawn" << std::endl;
+        return OK;
+    }
+
+    VT_obj* target = nullptr;
+    Render::Canvas picture(1, 1);
+    if (a.options.contains("--object")) {
+        target = find_named(pool, a.options["--object"]);
+        if (!target) {
+            std::cerr << "error: no object '" << a.options["--object"].toStdString() << "' in the pool" << std::endl;
+            return PROBLEM;
+        }
+        if (renderer.object_size(target).empty()) {
+            std::cerr << "error: " << Pool_tools::label(target).toStdString() << " has nothing to draw" << std::endl;
+            return PROBLEM;
+        }
+        picture = renderer.render_object(target);
+    } else {
+        if (a.options.contains("--mask")) {
+            target = find_named(pool, a.options["--mask"]);
+            if (!target) {
+                std::cerr << "error: no mask '" << a.options["--mask"].toStdString() << "' in the pool" << std::endl;
+                return PROBLEM;
+            }
+            if (!Render::Renderer::masks(pool).contains(target)) {
+                std::cerr << "error: " << Pool_tools::label(target).toStdString()
+                          << " is not a data, alarm or window mask" << std::endl;
+                return PROBLEM;
+            }
+        } else {
+            target = Render::Renderer::active_mask(pool);
+            if (!target) {
+                std::cerr << "error: the pool has no working set with an active mask; name one with --mask"
+                          << std::endl;
+                return PROBLEM;
+            }
+        }
+        picture = renderer.render_screen(target);
+    }
+    report_cut(target);
+    const QString out = a.options.value("--output", QFileInfo(a.positional[0]).completeBaseName() + ".png");
+    if (!Render::write_png(picture, out, int(scale), &error)) {
+        std::cerr << "error: " << error.toStdString() << std::endl;
+        return PROBLEM;
+    }
+    std::cout << "drew " << Pool_tools::label(target).toStdString() << " to " << out.toStdString() << std::endl;
+    return OK;
+}
+
 }
 
 int main(int argc, char** argv)
@@ -453,6 +661,7 @@ int main(int argc, char** argv)
     static const QMap<QString, std::function<int(const QStringList&)>> commands{
         {"build", cmd_build}, {"dump", cmd_dump},         {"source", cmd_source},
         {"check", cmd_check}, {"pictures", cmd_pictures}, {"info", cmd_info},
+        {"render", cmd_render},
     };
     if (!commands.contains(command)) {
         std::cerr << "vtpool: unknown command '" << command.toStdString() << "'\n\n" << general_help;
