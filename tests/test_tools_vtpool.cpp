@@ -51,7 +51,7 @@ bool write_file(const QString& path, const QByteArray& content)
 
 TEST(ToolsVtpool, EveryCommandHasHelpAndBadUsageIsStatusTwo)
 {
-    for (const char* command : {"build", "dump", "source", "check", "pictures", "info"}) {
+    for (const char* command : {"build", "dump", "source", "check", "pictures", "info", "render"}) {
         Outcome r = vtpool({command, "--help"});
         EXPECT_EQ(r.status, 0) << command;
         EXPECT_TRUE(r.out.startsWith(QStringLiteral("usage: vtpool %1").arg(command))) << r.out.toStdString();
