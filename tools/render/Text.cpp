@@ -39,7 +39,10 @@ void wrap_line(const std::string& line, size_t columns, const Text_layout& layou
         }
         if (cut == std::string::npos)
             cut = start + columns;
-        out.push_back(line.substr(start, cut - start));
+        size_t end = cut;
+        while (drop && end > start && line[end - 1] == ' ')
+            --end;
+        out.push_back(line.substr(start, end - start));
         start = cut + (drop ? 1 : 0);
         while (drop && start < line.size() && line[start] == ' ')
             ++start;
