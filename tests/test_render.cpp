@@ -433,7 +433,7 @@ TEST(Render, ScreenShowsThePhysicalSoftKeysOfTheMaskBesideIt)
     EXPECT_FALSE(r.truncated());
 }
 
-TEST(Render, CyclesMissingObjectsAndRunawayNestingDrawSafely)
+TEST(Render, CyclesMissingObjectsRunawayNestingAndHugePicturesDrawSafely)
 {
     // A container that shows itself through a pointer, a pointer to nothing, and a chain of
     // containers each holding the next one twice (2^40 paths).
@@ -463,6 +463,15 @@ TEST(Render, CyclesMissingObjectsAndRunawayNestingDrawSafely)
     r.render_object(s->pool.find(QByteArray("c0")));
     EXPECT_TRUE(r.truncated());
     EXPECT_TRUE(r.object_size(s->pool.find(QByteArray("back"))).w == 10);
+
+    // A picture that claims 65535 x 65535 pixels is not decoded (4 GB).
+    auto huge = scene(mask(R"(<place x_location="0" y_location="0">
+        <Picture_graphic name="p" width="50" actual_width="65535" actual_height="65535" format="2" bytes="0C"/>
+      </place>)"));
+    ASSERT_TRUE(huge->ok) << huge->problems.toStdString();
+    Renderer h(small_terminal(), huge->pool);
+    EXPECT_EQ(count(h.render_object(huge->pool.find(QByteArray("m"))), Rect{0, 0, 100, 100}, WHITE), 100 * 100);
+    EXPECT_TRUE(h.truncated());
 }
 
 TEST(Render, PngHoldsThePixelsAndIsWrittenWholeOrNotAtAll)

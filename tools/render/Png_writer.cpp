@@ -50,7 +50,7 @@ QByteArray encode_png(const Canvas& canvas, int scale)
     // A palette, in the order the colours first appear, when there are few enough colours.
     QHash<uint32_t, int> palette;
     std::vector<uint32_t> colours;
-    for (int y = 0; y < canvas.height() && colours.size() <= 256; ++y) {
+    for (int y = 0; y < canvas.height() && canvas.width() > 0 && colours.size() <= 256; ++y) {
         const uint32_t* row = canvas.row(y);
         uint32_t last = ~row[0];
         for (int x = 0; x < canvas.width(); ++x) {

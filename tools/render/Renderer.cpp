@@ -1,6 +1,8 @@
 #include "tools/render/Renderer.h"
 
+#include <QBuffer>
 #include <QImage>
+#include <QImageReader>
 #include <algorithm>
 
 #include "tools/Object_pool.h"
@@ -21,6 +23,8 @@ const int MAX_DEPTH = 32;
 const int MAX_DRAWS = 20000;
 const uint64_t PIXELS_PER_CANVAS_PIXEL = 64;
 const uint64_t MIN_PIXEL_BUDGET = 4u << 20;
+// Pictures of more pixels are not decoded (4096 x 4096).
+const uint64_t MAX_PICTURE_PIXELS = 1u << 24;
 // Marks the pixels of a shape that is filled with a pattern; no drawn pixel is transparent.
 const uint32_t PATTERN_MARK = 0x00FF00FFu;
 
@@ -688,7 +692,9 @@ void Renderer::fill_shape(uint16_t fill_attributes, uint16_t line_attributes, co
         return;
     }
     auto* pattern = as<Picture_graphic_obj>(find(f->get_fill_pattern()));
-    QImage image = pattern ? pattern->get_qimage(true) : QImage();
+    const bool decodable =
+        pattern && uint64_t(pattern->get_actual_width()) * pattern->get_actual_height() <= MAX_PICTURE_PIXELS;
+    QImage image = decodable ? pattern->get_qimage(true) : QImage();
     if (image.isNull() || image.format() != QImage::Format_Indexed8) {
         paint(colour(f->get_fill_colour()));
         return;
@@ -948,6 +954,10 @@ void Renderer::draw_picture(VT_obj* obj, int x, int y)
     if (!p)
         return;
     const int w = p->get_width(), h = p->get_height();
+    if (uint64_t(p->get_actual_width()) * p->get_actual_height() > MAX_PICTURE_PIXELS) {
+        cut_short = true;
+        return;
+    }
     QImage image = p->get_qimage(true);
     if (image.isNull() || image.format() != QImage::Format_Indexed8 || w <= 0 || h <= 0)
         return;
@@ -973,6 +983,16 @@ void Renderer::draw_png(VT_obj* obj, int x, int y)
     if (!p)
         return;
     const int w = p->get_width(), h = p->get_height();
+    // The size its header states (in the first bytes), before anything is decoded.
+    QByteArray data(int(std::min<uint32_t>(p->get_num_bytes(), 64)), '\0');
+    if (data.isEmpty() || !p->get_bytes(0, reinterpret_cast<unsigned char*>(data.data()), unsigned(data.size())))
+        return;
+    QBuffer buffer(&data);
+    const QSize stated = QImageReader(&buffer, "PNG").size();
+    if (!stated.isValid() || uint64_t(stated.width()) * uint64_t(stated.height()) > MAX_PICTURE_PIXELS) {
+        cut_short = cut_short || stated.isValid();
+        return;
+    }
     const QImage& decoded = p->get_qimage();
     if (decoded.isNull() || w <= 0 || h <= 0)
         return;
