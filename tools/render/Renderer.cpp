@@ -289,12 +289,22 @@ void Renderer::draw_in(VT_obj* obj, const Rect& area)
 }
 
 template <class T>
-void Renderer::draw_placed(const T& parent, int x, int y)
+void Renderer::draw_placed_in(const T& parent, const Rect& area)
 {
+    const Rect outer = canvas->clip();
+    canvas->set_clip(outer.intersected(area));
     const unsigned n = parent.get_num_objects();
-    for (unsigned i = 0; i < n && !cut_short; ++i)
-        draw(find(parent.get_child_location_object_id(i)), x + parent.get_child_location_x_location(i),
-             y + parent.get_child_location_y_location(i));
+    for (unsigned i = 0; i < n && !cut_short && !canvas->clip().empty(); ++i)
+        draw(find(parent.get_child_location_object_id(i)), area.x + parent.get_child_location_x_location(i),
+             area.y + parent.get_child_location_y_location(i));
+    canvas->set_clip(outer);
+}
+
+template <class T>
+void Renderer::draw_panel(const T& parent, const Rect& area)
+{
+    canvas->fill_rect(area.x, area.y, area.w, area.h, colour(parent.get_background_colour()));
+    draw_placed_in(parent, area);
 }
 
 // The soft-key column: the soft-key mask's colour, and as many of its keys as the terminal has
@@ -327,36 +337,21 @@ void Renderer::draw(VT_obj* obj, int x, int y)
     const int key_w = terminal.key_width, key_h = terminal.key_height;
     switch (obj->get_ctype()) {
     case VT_obj_type::TYPE_WORKING_SET:
-        if (auto* o = as<Working_set_obj>(obj)) {
-            canvas->fill_rect(x, y, key_w, key_h, colour(o->get_background_colour()));
-            const Rect outer = canvas->clip();
-            canvas->set_clip(outer.intersected(Rect{x, y, key_w, key_h}));
-            draw_placed(*o, x, y);
-            canvas->set_clip(outer);
-        }
+        if (auto* o = as<Working_set_obj>(obj))
+            draw_panel(*o, Rect{x, y, key_w, key_h});
         break;
     case VT_obj_type::TYPE_DATA_MASK:
-        if (auto* o = as<Data_mask_obj>(obj)) {
-            canvas->fill_rect(x, y, terminal.data_mask_width, terminal.data_mask_height,
-                              colour(o->get_background_colour()));
-            draw_placed(*o, x, y);
-        }
+        if (auto* o = as<Data_mask_obj>(obj))
+            draw_panel(*o, Rect{x, y, terminal.data_mask_width, terminal.data_mask_height});
         break;
     case VT_obj_type::TYPE_ALARM_MASK:
-        if (auto* o = as<Alarm_mask_obj>(obj)) {
-            canvas->fill_rect(x, y, terminal.data_mask_width, terminal.data_mask_height,
-                              colour(o->get_background_colour()));
-            draw_placed(*o, x, y);
-        }
+        if (auto* o = as<Alarm_mask_obj>(obj))
+            draw_panel(*o, Rect{x, y, terminal.data_mask_width, terminal.data_mask_height});
         break;
     case VT_obj_type::TYPE_CONTAINER:
         if (auto* o = as<Container_obj>(obj)) {
-            if (o->get_hidden())
-                break;
-            const Rect outer = canvas->clip();
-            canvas->set_clip(outer.intersected(Rect{x, y, o->get_width(), o->get_height()}));
-            draw_placed(*o, x, y);
-            canvas->set_clip(outer);
+            if (!o->get_hidden())
+                draw_placed_in(*o, Rect{x, y, o->get_width(), o->get_height()});
         }
         break;
     case VT_obj_type::TYPE_SOFT_KEY_MASK:
@@ -364,13 +359,8 @@ void Renderer::draw(VT_obj* obj, int x, int y)
         draw_soft_keys(obj, x, y, terminal.data_mask_height);
         return;
     case VT_obj_type::TYPE_KEY:
-        if (auto* o = as<Key_obj>(obj)) {
-            canvas->fill_rect(x, y, key_w, key_h, colour(o->get_background_colour()));
-            const Rect outer = canvas->clip();
-            canvas->set_clip(outer.intersected(Rect{x, y, key_w, key_h}));
-            draw_placed(*o, x, y);
-            canvas->set_clip(outer);
-        }
+        if (auto* o = as<Key_obj>(obj))
+            draw_panel(*o, Rect{x, y, key_w, key_h});
         break;
     case VT_obj_type::TYPE_KEY_GROUP:
         if (auto* o = as<Key_group_obj>(obj)) {
@@ -438,22 +428,16 @@ void Renderer::draw(VT_obj* obj, int x, int y)
     case VT_obj_type::TYPE_AUXILIARY_INPUT:
     case VT_obj_type::TYPE_AUXILIARY_TYPE2_FUNCTION:
     case VT_obj_type::TYPE_AUXILIARY_TYPE2_INPUT: {
-        // An auxiliary designator: the background colour and the placed children, at key size.
-        const Rect outer = canvas->clip();
-        canvas->set_clip(outer.intersected(Rect{x, y, key_w, key_h}));
-        auto designator = [&](const auto* o) {
-            canvas->fill_rect(x, y, key_w, key_h, colour(o->get_background_colour()));
-            draw_placed(*o, x, y);
-        };
+        // An auxiliary designator, at key size.
+        const Rect area{x, y, key_w, key_h};
         if (auto* a = as<Auxiliary_function_obj>(obj))
-            designator(a);
+            draw_panel(*a, area);
         else if (auto* b = as<Auxiliary_input_obj>(obj))
-            designator(b);
+            draw_panel(*b, area);
         else if (auto* c = as<Auxiliary_type2_function_obj>(obj))
-            designator(c);
+            draw_panel(*c, area);
         else if (auto* d = as<Auxiliary_type2_input_obj>(obj))
-            designator(d);
-        canvas->set_clip(outer);
+            draw_panel(*d, area);
         break;
     }
     case VT_obj_type::TYPE_AUXILIARY_TYPE2_CONTROL_DESIGNATOR:
@@ -517,10 +501,7 @@ void Renderer::draw_button(VT_obj* obj, int x, int y)
     }
     // The children sit on the face, inside the border's room.
     const int inset = has_border ? BUTTON_BORDER : 0;
-    const Rect outer = canvas->clip();
-    canvas->set_clip(outer.intersected(Rect{x + inset, y + inset, w - 2 * inset, h - 2 * inset}));
-    draw_placed(*b, x + inset, y + inset);
-    canvas->set_clip(outer);
+    draw_placed_in(*b, Rect{x + inset, y + inset, w - 2 * inset, h - 2 * inset});
 }
 
 void Renderer::draw_input_boolean(VT_obj* obj, int x, int y)
@@ -1021,20 +1002,20 @@ void Renderer::draw_window_mask(VT_obj* obj, int x, int y)
         return;
     // A window is laid out in cells of the soft-key designator's size.
     const int w = m->get_width_columns() * terminal.key_width, h = m->get_height_rows() * terminal.key_height;
+    if (m->get_window_type() == 0) {
+        draw_panel(*m, Rect{x, y, w, h}); // free form
+        return;
+    }
     canvas->fill_rect(x, y, w, h, colour(m->get_background_colour()));
+    // A window of a given kind shows the objects it requires; here one under another.
     const Rect outer = canvas->clip();
     canvas->set_clip(outer.intersected(Rect{x, y, w, h}));
-    if (m->get_window_type() == 0) {
-        draw_placed(*m, x, y); // free form
-    } else {
-        // A window of a given kind shows the objects it requires; here one under another.
-        int top = y;
-        const unsigned n = m->get_num_required_object_refs();
-        for (unsigned i = 0; i < n && !cut_short; ++i) {
-            VT_obj* o = find(m->get_required_object_refs(i));
-            draw(o, x, top);
-            top += object_size(o).h;
-        }
+    int top = y;
+    const unsigned n = m->get_num_required_object_refs();
+    for (unsigned i = 0; i < n && !cut_short; ++i) {
+        VT_obj* o = find(m->get_required_object_refs(i));
+        draw(o, x, top);
+        top += object_size(o).h;
     }
     canvas->set_clip(outer);
 }

@@ -69,8 +69,12 @@ private:
     // Draws `obj` with its top left at (x, y), inside the canvas's present clip.
     void draw(VT_obj* obj, int x, int y);
     void draw_in(VT_obj* obj, const Rect& area); // draw at area's corner, clipped to it
+    // The placed children of `parent`, from the corner of `area` and clipped to it.
     template <class T>
-    void draw_placed(const T& parent, int x, int y);
+    void draw_placed_in(const T& parent, const Rect& area);
+    // The same over the area filled with the parent's background colour.
+    template <class T>
+    void draw_panel(const T& parent, const Rect& area);
     void draw_soft_keys(VT_obj* soft_key_mask, int x, int y, int height);
     void draw_key_slot(VT_obj* key, int x, int y);
 
