@@ -32,6 +32,7 @@ public:
 
     // `working_set` is the pool's working set (auxiliary designators may show it); may be null.
     Renderer(const Terminal& terminal, Lookup lookup, VT_obj* working_set = nullptr);
+    // Over a pool container, which must outlive the renderer.
     Renderer(const Terminal& terminal, const Object_pool& pool);
 
     // The screen for a data or alarm mask: the mask at the data-mask size with the soft-key
