@@ -109,6 +109,39 @@ TEST(Render, RectangleIsFilledInsideAndOutlinedOnItsUnsuppressedSides)
     EXPECT_EQ(c.pixel(70, 15), WHITE);
 }
 
+TEST(Render, FillsTakeTheLineColourOrTileAPatternFromTheShapesCorner)
+{
+    // The pattern: red, transparent (white), blue in a row.
+    auto s = scene(mask(R"(
+      <place x_location="0" y_location="0">
+        <Rectangle name="lined" width="10" height="10" line_attributes="no_pen" fill_attributes="by_line"/>
+      </place>
+      <place x_location="21" y_location="0">
+        <Rectangle name="patterned" width="7" height="2" line_attributes="no_pen" fill_attributes="by_pattern"/>
+      </place>
+      <place x_location="40" y_location="0">
+        <Ellipse name="round" width="30" height="30" line_attributes="no_pen" fill_attributes="by_pattern"/>
+      </place>
+      <Line_attributes name="no_pen" line_colour="green" line_width="0" line_art="0xFFFF"/>
+      <Fill_attributes name="by_line" fill_type="1" fill_colour="red"/>
+      <Fill_attributes name="by_pattern" fill_type="3" fill_colour="yellow" fill_pattern="tile"/>
+      <Picture_graphic name="tile" width="3" actual_width="3" actual_height="1" format="2" options="1"
+                       transparency_colour="1" bytes="0C 01 09"/>)", "black"));
+    ASSERT_TRUE(s->ok) << s->problems.toStdString();
+    const Canvas c = draw(*s, "m");
+    EXPECT_EQ(count(c, Rect{0, 0, 10, 10}, GREEN), 100);
+    const uint32_t row[7] = {RED, BLACK, BLUE, RED, BLACK, BLUE, RED};
+    for (int y = 0; y < 2; ++y)
+        for (int x = 0; x < 7; ++x)
+            EXPECT_EQ(c.pixel(21 + x, y), row[x]) << x << "," << y;
+    // Inside the ellipse the pattern, from the ellipse's box corner; outside it nothing.
+    EXPECT_EQ(c.pixel(40 + 15, 15), RED);
+    EXPECT_EQ(c.pixel(40 + 16, 15), BLACK);
+    EXPECT_EQ(c.pixel(40 + 17, 15), BLUE);
+    EXPECT_EQ(count(c, Rect{40, 0, 4, 4}, BLACK), 16);
+    EXPECT_EQ(count(c, Rect{40, 0, 30, 30}, YELLOW), 0);
+}
+
 TEST(Render, LineRunsCornerToCornerWithItsWidthAndDashes)
 {
     auto s = scene(mask(R"(
