@@ -51,7 +51,7 @@ bool write_file(const QString& path, const QByteArray& content)
 
 TEST(ToolsVtpool, EveryCommandHasHelpAndBadUsageIsStatusTwo)
 {
-    for (const char* command : {"build", "dump", "source", "check", "pictures", "info"}) {
+    for (const char* command : {"build", "dump", "source", "check", "pictures", "info", "render"}) {
         Outcome r = vtpool({command, "--help"});
         EXPECT_EQ(r.status, 0) << command;
         EXPECT_TRUE(r.out.startsWith(QStringLiteral("usage: vtpool %1").arg(command))) << r.out.toStdString();
@@ -214,7 +214,7 @@ TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
     for (const QString& line : general.out.split('\n'))
         if (line.startsWith("  ") && !line.startsWith("   "))
             commands.append(line.trimmed().section(' ', 0, 0));
-    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "info"}));
+    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info"}));
     for (const QString& command : commands) {
         SCOPED_TRACE(command.toStdString());
         const Outcome help = vtpool({command, "--help"});

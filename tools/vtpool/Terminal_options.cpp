@@ -11,9 +11,10 @@ QVector<Option> Terminal_options::all()
         {{"font-styles"}, "MASK", "font styles the terminal supports (default 255)"},
         {{"vt-version"}, "N", "the VT version the terminal speaks (2-6)"},
         {{"design-size"}, "WxH", "the data-mask size the pool was designed for"},
-        {{"mask-size"}, "N", "the terminal's data-mask size (needs --design-size)"},
+        {{"mask-size"}, "N|WxH", "the terminal's data-mask size (with --design-size: scale to it)"},
         {{"design-key-size"}, "WxH", "the soft-key size the pool was designed for"},
-        {{"key-size"}, "WxH", "the terminal's soft-key size (needs --design-key-size)"},
+        {{"key-size"}, "WxH", "the terminal's soft-key size (with --design-key-size: scale to it)"},
+        {{"soft-keys"}, "N", "the soft keys the terminal shows beside the mask (0-64, default 6)"},
     };
 }
 
@@ -61,31 +62,47 @@ bool Terminal_options::read(const Invocation& in, Target& target)
         t.vt_version = int(version);
     }
 
-    // Scaling needs both sizes of an area: the terminal's and the designed one.
-    if (in.is_set("mask-size") != in.is_set("design-size"))
+    // A command that scales asks for both sizes of an area: the terminal's and the designed one.
+    if (in.declares("design-size") && in.is_set("mask-size") != in.is_set("design-size"))
         return fail("--mask-size and --design-size go together");
-    if (in.is_set("key-size") != in.is_set("design-key-size"))
+    if (in.declares("design-key-size") && in.is_set("key-size") != in.is_set("design-key-size"))
         return fail("--key-size and --design-key-size go together");
     if (in.is_set("mask-size")) {
-        unsigned n = 0, w = 0, h = 0;
-        if (!Invocation::parse_number(in.value("mask-size"), 65535, n) || n == 0)
-            return fail("--mask-size takes the data-mask size in pixels");
+        unsigned w = 0, h = 0;
+        const QString size = in.value("mask-size");
+        if (Invocation::parse_number(size, 8192, w) && w > 0)
+            h = w;
+        else if (!Invocation::parse_size(size, w, h) || w > 8192 || h > 8192)
+            return fail("--mask-size takes the data-mask size in pixels: N or WIDTHxHEIGHT (at most 8192)");
+        t.data_mask_width = uint16_t(w);
+        t.data_mask_height = uint16_t(h);
+    }
+    if (in.is_set("design-size")) {
+        unsigned w = 0, h = 0;
         if (!Invocation::parse_size(in.value("design-size"), w, h))
             return fail("--design-size takes WIDTHxHEIGHT");
-        t.data_mask_width = t.data_mask_height = uint16_t(n);
         target.design.mask_width = uint16_t(w);
         target.design.mask_height = uint16_t(h);
     }
     if (in.is_set("key-size")) {
-        unsigned w = 0, h = 0, dw = 0, dh = 0;
-        if (!Invocation::parse_size(in.value("key-size"), w, h))
-            return fail("--key-size takes WIDTHxHEIGHT");
-        if (!Invocation::parse_size(in.value("design-key-size"), dw, dh))
-            return fail("--design-key-size takes WIDTHxHEIGHT");
+        unsigned w = 0, h = 0;
+        if (!Invocation::parse_size(in.value("key-size"), w, h) || w > 8192 || h > 8192)
+            return fail("--key-size takes WIDTHxHEIGHT (at most 8192)");
         t.key_width = uint16_t(w);
         t.key_height = uint16_t(h);
-        target.design.key_width = uint16_t(dw);
-        target.design.key_height = uint16_t(dh);
+    }
+    if (in.is_set("design-key-size")) {
+        unsigned w = 0, h = 0;
+        if (!Invocation::parse_size(in.value("design-key-size"), w, h))
+            return fail("--design-key-size takes WIDTHxHEIGHT");
+        target.design.key_width = uint16_t(w);
+        target.design.key_height = uint16_t(h);
+    }
+    if (in.is_set("soft-keys")) {
+        unsigned n = 0;
+        if (!Invocation::parse_number(in.value("soft-keys"), 64, n))
+            return fail("--soft-keys takes a number from 0 to 64");
+        t.physical_soft_keys = uint8_t(n);
     }
     return true;
 }
