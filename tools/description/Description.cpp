@@ -326,7 +326,7 @@ void Description::prepare_picture(Xml_element* e, bool png)
         if (const QByteArray* t = e->attribute("transparency_colour"))
             if (!Attribute_colour::get_colour_val(t->constData(), transparency) && !declared_colour(*t, transparency))
                 problem(e, QStringLiteral("unknown colour '%1'").arg(QString::fromUtf8(*t)));
-        data = Picture_encoder::encode(image.convertToFormat(QImage::Format_ARGB32), format_t(format),
+        data = Picture_encoder::encode(image, format_t(format),
                                        (options & 4) != 0, transparency);
         // Symbolic formats reach the library as numbers.
         e->supply("format", QByteArray::number(format), false);
