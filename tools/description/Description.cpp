@@ -265,15 +265,18 @@ void Description::prepare_values(Xml_element* e)
         prepare_picture(e, e->name == "PNG");
         return;
     }
-    for (const auto& a : e->attributes) {
-        if (!is_byte_string(a.key))
+    for (auto& a : e->attributes) {
+        // "string.hex" gives the bytes of a text that XML cannot hold as text.
+        const bool hex_text = a.key.endsWith(".hex");
+        if (!is_byte_string(a.key) && !hex_text)
             continue;
         QByteArray bytes;
         if (!Values::decode_hex(a.value, bytes)) {
             problem(e, QStringLiteral("'%1' must be hexadecimal bytes such as \"A0 05 FF\"").arg(QString::fromUtf8(a.key)));
             continue;
         }
-        e->supplied.push_back({a.key, bytes, true});
+        a.used = a.used || hex_text;
+        e->supplied.push_back({hex_text ? a.key.left(a.key.size() - 4) : a.key, bytes, true});
     }
 }
 

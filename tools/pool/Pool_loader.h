@@ -17,6 +17,8 @@ public:
     // as the pool, whose objects keep its nodes.
     static bool load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
                      bool verbose = false, bool* is_description = nullptr);
+    // Whether a file of this name that begins with `head` is read as a description.
+    static bool looks_like_description(const QString& path, const QByteArray& head);
 };
 
 }

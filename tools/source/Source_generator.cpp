@@ -6,36 +6,12 @@
 #include <algorithm>
 #include <sstream>
 
+#include "tools/describe/Object_names.h"
 #include "tools/pool/Labels.h"
 
 namespace VT {
 
 namespace {
-
-const char* const cpp_keywords[] = {
-    "alignas", "alignof", "and", "and_eq", "asm", "auto", "bitand", "bitor", "bool", "break", "case", "catch", "char",
-    "char16_t", "char32_t", "class", "compl", "const", "constexpr", "const_cast", "continue", "decltype", "default",
-    "delete", "do", "double", "dynamic_cast", "else", "enum", "explicit", "export", "extern", "false", "float", "for",
-    "friend", "goto", "if", "inline", "int", "long", "mutable", "namespace", "new", "noexcept", "not", "not_eq",
-    "nullptr", "operator", "or", "or_eq", "private", "protected", "public", "register", "reinterpret_cast", "return",
-    "short", "signed", "sizeof", "static", "static_assert", "static_cast", "struct", "switch", "template", "this",
-    "thread_local", "throw", "true", "try", "typedef", "typeid", "typename", "union", "unsigned", "using", "virtual",
-    "void", "volatile", "wchar_t", "while", "xor", "xor_eq",
-    // names the generated text itself uses
-    "Pool", "Pool_data", "Oids", "objects", "VT", "Base", "NULL", "memcpy", "std"};
-
-bool is_identifier(const QByteArray& n)
-{
-    if (n.isEmpty() || !(isalpha(uchar(n[0])) || n[0] == '_'))
-        return false;
-    for (char c : n)
-        if (!(isalnum(uchar(c)) || c == '_'))
-            return false;
-    for (const char* k : cpp_keywords)
-        if (n == k)
-            return false;
-    return true;
-}
 
 QStringList lines_of(const std::string& text)
 {
@@ -58,7 +34,7 @@ bool Source_generator::generate(Object_pool& pool, const QString& origin, std::o
     QStringList bad;
     for (VT_obj* obj : pool.objects()) {
         QByteArray n(obj->VT_obj_base::get_name());
-        if (!is_identifier(n))
+        if (!Object_names::is_identifier(n))
             bad.append(QStringLiteral("'%1' is not usable as a C++ name").arg(QString::fromUtf8(n)));
         for (uint16_t i = 0; i < obj->get_num_every_attribute(); ++i)
             if (Attribute* a = obj->get_every_attribute(i))
