@@ -19,8 +19,8 @@ namespace {
 
 const char* const DESCRIPTION_FILE = "pool.xml";
 
-// Holds back what the library writes on the standard streams while the check builds the
-// description: its warnings about the pool were given when the pool was read.
+// Holds back what the library writes on the standard streams while pictures are decoded and the
+// check builds the description: its warnings about the pool were given when the pool was read.
 class Quiet
 {
 public:
@@ -122,6 +122,7 @@ QString Describer::fatal_when_built(VT_obj& obj)
 bool Describer::describe(Object_pool& pool, const QByteArray& expected, const Options& options,
                          Written_description& out, QStringList& problems, QStringList& warnings, Object_pool* built)
 {
+    Quiet quiet;
     const int before = problems.size();
     QHash<uint16_t, VT_obj*> ids;
     for (VT_obj* obj : pool.objects()) {
@@ -151,13 +152,7 @@ bool Describer::describe(Object_pool& pool, const QByteArray& expected, const Op
     QStringList build_problems, build_warnings;
     if (!folder.isValid() || !save(out, folder.path(), problems))
         return false;
-    bool built_cleanly = false;
-    {
-        Quiet quiet;
-        built_cleanly =
-            Pool_loader::load(QDir(folder.path()).filePath(DESCRIPTION_FILE), check, build_problems, build_warnings);
-    }
-    if (!built_cleanly) {
+    if (!Pool_loader::load(QDir(folder.path()).filePath(DESCRIPTION_FILE), check, build_problems, build_warnings)) {
         problems.append(QStringLiteral("the description written does not build:"));
         problems += build_problems;
         return false;

@@ -245,9 +245,12 @@ void Writer::list(VT_obj* obj, const Class_facts& facts, const Attribute_facts& 
             e.add_child(item);
         }
     } else if (auto* ids = dynamic_cast<Attribute_list<Attribute_object_id>*>(a)) {
-        // Items of the lists of children are read from "object"; those of other lists from an
-        // attribute named as the list.
-        const QByteArray key = f.name == "child_objects" || f.name == "layers" ? QByteArray("object") : f.name;
+        // Items are named by "object"; the library reads the items of lists other than lists of
+        // children from an attribute named as the list, except where the host reads them itself
+        // (a window mask's references, a field's swaths).
+        const bool by_object = f.name == "child_objects" || f.name == "layers" || f.name == "required_object_refs" ||
+                               f.name == "swaths";
+        const QByteArray key = by_object ? QByteArray("object") : f.name;
         for (uint32_t k = 0; k < ids->held(); ++k) {
             Xml_text item("ref");
             item.set(key, reference(obj, f.name, (*ids)[k].get()));
@@ -298,7 +301,7 @@ void Writer::list(VT_obj* obj, const Class_facts& facts, const Attribute_facts& 
         for (uint32_t k = 0; k < sets->held(); ++k) {
             const Attribute_code_plane_rangeset& s = (*sets)[k];
             Xml_text item("Code_plane_rangeset");
-            item.set_verbatim("plane", QByteArray::number(s.get_plane()));
+            item.set_verbatim("code_plane", QByteArray::number(s.get_plane()));
             for (uint32_t r = 0; r < s.get_ranges().held(); ++r) {
                 Xml_text range("Code_plane_range");
                 range.set_verbatim("first_char", QByteArray::number(s.get_ranges()[r].get_first_char()));

@@ -224,8 +224,10 @@ void Description::check_children(Xml_element* e, int depth)
         } else if (c->name == "colour") {
             problem(c, QStringLiteral("<colour> declarations belong directly under <object_pool>"));
         } else {
+            // A code plane's ranges are the only items that hold items.
             for (const auto& inner : c->children)
-                problem(inner.get(), QStringLiteral("<%1> has no child elements").arg(QString::fromUtf8(c->name)));
+                if (c->name != "Code_plane_rangeset" || inner->name != "Code_plane_range" || !inner->children.empty())
+                    problem(inner.get(), QStringLiteral("<%1> has no child elements").arg(QString::fromUtf8(c->name)));
         }
     }
 }
@@ -532,6 +534,7 @@ bool Description::build(Object_pool& target)
     // Children placed by name learn their area from the masks only through their references.
     Scaling::propagate_areas(*pool);
     resolve_colours();
+    read_host_lists();
     justify();
     report_unused(root.get());
     return problem_list.isEmpty();

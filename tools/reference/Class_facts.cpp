@@ -101,6 +101,56 @@ Attribute_facts::Shape shape_of(Attribute::atype t)
     }
 }
 
+QByteArray object_bytes(VT_obj& obj)
+{
+    QByteArray out(obj.num_bytes(), '\0');
+    out.resize(std::max(obj.__serialise(0, reinterpret_cast<uint8_t*>(out.data()), out.size()), 0));
+    return out;
+}
+
+// Whether an attribute is part of the object's bytes: a class may show attributes that are not
+// sent. An attribute that changes (another value within its range, or an item for its list)
+// while the object's bytes stay as they were is not sent; one whose change cannot be seen is
+// taken to be.
+bool travels(VT_obj& obj, Attribute& a, const Attribute_facts& f)
+{
+    const QByteArray before = object_bytes(obj);
+    const QByteArray own = attribute_bytes(a);
+    if (auto* list = dynamic_cast<_Attribute_list*>(&a)) {
+        list->set_counters(1);
+        const bool seen = attribute_bytes(a) != own;
+        const bool sent = object_bytes(obj) != before;
+        list->set_counters(0);
+        return sent || !seen;
+    }
+    if (own.isEmpty())
+        return false;
+    QByteArray other = own;
+    if (f.shape == Attribute_facts::COUNT) {
+        other[0] = 1;
+    } else if (f.has_range) {
+        if (f.min == f.max)
+            return true; // no other value to give it
+        quint64 raw = 0;
+        for (int i = 0; i < own.size() && i < 8; ++i)
+            raw |= quint64(uchar(own[i])) << (8 * i);
+        qint64 v = qint64(raw);
+        if (f.is_signed && own.size() < 8 && (raw >> (8 * own.size() - 1)) & 1)
+            v -= qint64(1) << (8 * own.size());
+        v = v < f.max ? v + 1 : v - 1;
+        for (int i = 0; i < other.size(); ++i)
+            other[i] = char(quint64(v) >> (8 * i));
+    } else {
+        other[0] = char(other[0] ^ 1);
+    }
+    QByteArray restore = own;
+    a.deserialise(0, reinterpret_cast<uint8_t*>(other.data()), other.size(), nullptr);
+    const bool seen = attribute_bytes(a) != own;
+    const bool sent = object_bytes(obj) != before;
+    a.deserialise(0, reinterpret_cast<uint8_t*>(restore.data()), restore.size(), nullptr);
+    return sent || !seen;
+}
+
 std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
 {
     auto facts = std::make_unique<Class_facts>();
@@ -131,14 +181,16 @@ std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
             if (obj->get_attribute_by_aid(aid) == a)
                 f.aid = aid;
         f.default_bytes = attribute_bytes(*a);
-        f.offset = fixed ? at : -1;
-        at += f.default_bytes.size();
         if (f.shape == Attribute_facts::SCALAR || f.shape == Attribute_facts::COUNT)
             f.size = a->num_bytes();
-        else
-            fixed = false;
         read_range(a, f);
-        facts->fixed_bytes += f.default_bytes.size();
+        f.travels = travels(*obj, *a, f);
+        if (f.travels) {
+            f.offset = fixed ? at : -1;
+            at += f.default_bytes.size();
+            fixed = fixed && (f.shape == Attribute_facts::SCALAR || f.shape == Attribute_facts::COUNT);
+            facts->fixed_bytes += f.default_bytes.size();
+        }
         facts->attributes.append(f);
     }
     facts->fixed_bytes += 3;
@@ -153,12 +205,23 @@ std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
             continue;
         list->set_counters(1);
         f.size = obj->get_every_attribute(uint16_t(f.index))->num_bytes();
+        // Arrays hold elements of a fixed width, whatever a picture makes of its count.
+        if (f.atype == Attribute::ATTR_ARRAY_UINT8 || f.atype == Attribute::ATTR_ARRAY_CHAR)
+            f.size = 1;
+        else if (f.atype == Attribute::ATTR_ARRAY_OBJECT_ID)
+            f.size = 2;
+        else if (f.atype == Attribute::ATTR_ARRAY_ARGB)
+            f.size = 4;
         if (f.shape == Attribute_facts::LIST)
             f.item_element = item_element(list);
         for (Attribute_facts& c : facts->attributes)
             if (c.shape == Attribute_facts::COUNT && c.counts.isEmpty() &&
-                count_value(obj->get_every_attribute(uint16_t(c.index))) == 1)
+                count_value(obj->get_every_attribute(uint16_t(c.index))) == 1) {
+                // A count is sent with its list (a picture's count follows its format, not
+                // what was set).
                 c.counts = f.name;
+                c.travels = f.travels;
+            }
         list->set_counters(0);
     }
     obj->unlock();

@@ -21,6 +21,7 @@ struct Attribute_facts
     Attribute::atype atype = Attribute::ATTR_UINT8;
     Shape shape = SCALAR;
     int aid = -1;               // -1: not addressable
+    bool travels = true;        // false: the class shows it, but it is no part of the object's bytes
     int offset = -1;            // byte offset in the object (id and type included); -1 after a list
     int size = 0;               // bytes of a scalar or count; of one item of a list or array
     bool is_signed = false;
