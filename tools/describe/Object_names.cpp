@@ -116,29 +116,29 @@ Object_names::By_id Object_names::choose(const Object_pool& pool, const By_id& g
 {
     By_id chosen;
     QSet<QByteArray> taken;
-    QVector<VT_obj*> later; // objects whose name is settled after the others
     auto label = [](VT_obj* obj) {
         return QStringLiteral("%1 %2").arg(QString::fromLatin1(obj->get_type_string())).arg(obj->get_id());
     };
-    // Names of the header and the objects' own names first, so that a default name gives way.
+    // The names of the header and the objects' own names first, so that a default name, which
+    // only says what the object is, gives way to them.
+    QVector<VT_obj*> later;
     for (VT_obj* obj : pool.objects()) {
         const uint16_t id = obj->get_id();
+        char fallback[VT_obj::NAME_LEN + 1];
+        Object_pool::write_default_name(obj->get_type(), id, fallback);
         QByteArray name = given.value(id);
         if (!name.isEmpty() && (!usable(name) || taken.contains(name))) {
-            warnings.append(QStringLiteral("'%1' cannot name %2 (%3); it keeps its own name")
+            warnings.append(QStringLiteral("'%1' cannot name %2: %3")
                                 .arg(QString::fromUtf8(name), label(obj),
-                                     taken.contains(name) ? "the name is taken" : "not usable as a name"));
+                                     usable(name) ? "another object has that name" : "it is not usable as a name"));
             name.clear();
         }
         if (name.isEmpty()) {
-            const QByteArray own(obj->VT_obj_base::get_name());
-            char fallback[VT_obj::NAME_LEN + 1];
-            Object_pool::write_default_name(obj->get_type(), id, fallback);
-            if (own == fallback || !usable(own) || taken.contains(own)) {
+            name = obj->VT_obj_base::get_name();
+            if (name == fallback || !usable(name) || taken.contains(name)) {
                 later.append(obj);
                 continue;
             }
-            name = own;
         }
         taken.insert(name);
         chosen.insert(id, name);
@@ -149,12 +149,10 @@ Object_names::By_id Object_names::choose(const Object_pool& pool, const By_id& g
         QByteArray name(fallback);
         for (int n = 2; taken.contains(name); ++n)
             name = QByteArray(fallback).left(VT_obj::NAME_LEN - 4) + "_" + QByteArray::number(n);
-        const QByteArray own(obj->VT_obj_base::get_name());
-        if (own != fallback && !own.isEmpty())
-            warnings.append(QStringLiteral("'%1' cannot name %2 (%3); it is named '%4'")
-                                .arg(QString::fromUtf8(own), label(obj),
-                                     usable(own) ? "the name is taken" : "not usable as a name",
-                                     QString::fromUtf8(name)));
+        if (name != fallback || !given.value(obj->get_id()).isEmpty())
+            warnings.append(QStringLiteral("%1 is named '%2'").arg(label(obj), QString::fromUtf8(name)) +
+                            (name != fallback ? QStringLiteral(": '%1' is taken").arg(QString::fromUtf8(fallback))
+                                              : QString()));
         taken.insert(name);
         chosen.insert(obj->get_id(), name);
     }

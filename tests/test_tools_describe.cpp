@@ -1,0 +1,248 @@
+// vtpool describe's work: pools written as descriptions that build the same bytes, and refused
+// where a description cannot give them back.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QHash>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <cstring>
+
+#include "every_type_pool.h"
+#include "test_support.h"
+#include "tools/describe/Describer.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/pool/Pool_loader.h"
+
+using VT::Describer;
+using VT::Object_pool;
+using VT::Pool_file;
+
+namespace {
+
+QByteArray file_bytes(const QString& path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// A pool described, the description saved, and what building the saved files gives.
+struct Round_trip
+{
+    bool described = false;
+    QStringList problems, warnings;
+    VT::Written_description text;
+    QByteArray again; // the pool built from the saved description
+};
+
+Round_trip round_trip(Object_pool& pool, const QByteArray& expected, const VT::Object_names::By_id& names = {})
+{
+    Round_trip r;
+    r.described = Describer::describe(pool, expected, {names, "test.iop"}, r.text, r.problems, r.warnings);
+    if (!r.described)
+        return r;
+    QTemporaryDir dir;
+    QStringList problems, warnings;
+    Object_pool back;
+    test::Stream_capture quiet(std::cerr); // the library's warnings about the pool, given once already
+    if (Describer::save(r.text, dir.path(), problems) &&
+        VT::Pool_loader::load(dir.filePath("pool.xml"), back, problems, warnings))
+        r.again = Pool_file::write(back);
+    r.problems += problems;
+    return r;
+}
+
+bool read(const QByteArray& bytes, Object_pool& pool)
+{
+    QString error;
+    test::Dprint_capture quiet;
+    test::Stream_capture err(std::cerr);
+    return Pool_file::read(bytes, pool, &error);
+}
+
+// One object's bytes: id, type and attributes.
+QByteArray object(uint16_t id, uint8_t type, const QByteArray& attributes)
+{
+    QByteArray out;
+    out.append(char(id & 0xFF)).append(char(id >> 8)).append(char(type));
+    return out + attributes;
+}
+
+QStringList real_pools()
+{
+    QDir dir(QStringLiteral(VT_SHARED_POOLS_DIR));
+    QStringList out;
+    for (const QString& f : dir.entryList({"*.iop"}, QDir::Files, QDir::Name))
+        out.append(dir.filePath(f));
+    return out;
+}
+
+}
+
+TEST(ToolsDescribe, RealPoolsComeBackByteForByteWithTheirPicturesAsFiles)
+{
+    const QStringList pools = real_pools();
+    if (pools.isEmpty())
+        GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR << ": describe is not tried on them";
+    for (const QString& path : pools) {
+        SCOPED_TRACE(path.toStdString());
+        const QByteArray bytes = file_bytes(path);
+        Object_pool pool;
+        ASSERT_TRUE(read(bytes, pool));
+        const Round_trip r = round_trip(pool, bytes);
+        ASSERT_TRUE(r.described) << r.problems.join("\n").toStdString();
+        EXPECT_EQ(r.again, bytes) << r.problems.join("\n").toStdString();
+        // Every picture of these pools is one a PNG file gives back exactly.
+        int pictures = 0;
+        for (VT::VT_obj* obj : pool.objects())
+            pictures += obj->get_type() == VT::VT_obj_type::TYPE_PICTURE_GRAPHIC ||
+                        obj->get_type() == VT::VT_obj_type::TYPE_PNG;
+        EXPECT_EQ(r.text.files.size(), pictures);
+        EXPECT_FALSE(r.text.xml.contains("bytes=")) << "a picture kept as bytes";
+    }
+}
+
+TEST(ToolsDescribe, ExamplesComeBackAndKeepTheirNames)
+{
+    for (const char* name : {"small.xml", "realistic.xml"}) {
+        SCOPED_TRACE(name);
+        Object_pool pool;
+        QStringList problems, warnings;
+        ASSERT_TRUE(VT::Pool_loader::load(QStringLiteral(VT_EXAMPLES_DIR "/") + name, pool, problems, warnings))
+            << problems.join("\n").toStdString();
+        const QByteArray bytes = Pool_file::write(pool);
+        const Round_trip r = round_trip(pool, bytes);
+        ASSERT_TRUE(r.described) << r.problems.join("\n").toStdString();
+        EXPECT_EQ(r.again, bytes);
+        for (VT::VT_obj* obj : pool.objects())
+            EXPECT_TRUE(r.text.xml.contains("name=\"" + QByteArray(obj->VT::VT_obj_base::get_name()) + "\""))
+                << obj->VT::VT_obj_base::get_name();
+        // The description is flat: colour declarations and inline objects are resolved.
+        EXPECT_FALSE(r.text.xml.contains("<colour"));
+        EXPECT_FALSE(r.text.xml.contains("attr_"));
+    }
+}
+
+TEST(ToolsDescribe, EveryTypeWithEveryAttributeAwayFromItsDefaultComesBack)
+{
+    const QByteArray bytes = test::every_type_pool();
+    Object_pool pool;
+    ASSERT_TRUE(read(bytes, pool));
+    test::Dprint_capture quiet; // the picture's run-length data makes no picture
+    ASSERT_EQ(Pool_file::write(pool), bytes) << "the generated pool does not read back as made";
+    const Round_trip r = round_trip(pool, bytes);
+    ASSERT_TRUE(r.described) << r.problems.join("\n").toStdString();
+    EXPECT_EQ(r.again, bytes) << r.problems.join("\n").toStdString();
+
+    // Every attribute that is sent and can leave its default is written out, under its own name.
+    QHash<QByteArray, QSet<QByteArray>> written; // object name -> attribute keys and child elements
+    QXmlStreamReader xml(r.text.xml);
+    QByteArray current;
+    while (!xml.atEnd())
+        if (xml.readNext() == QXmlStreamReader::StartElement) {
+            if (xml.attributes().hasAttribute("id"))
+                current = xml.attributes().value("name").toUtf8();
+            for (const QXmlStreamAttribute& a : xml.attributes())
+                written[current].insert(a.name().toUtf8().replace(".hex", ""));
+            written[current].insert(xml.name().toUtf8());
+        }
+    ASSERT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    int checked = 0;
+    for (VT::VT_obj* obj : pool.objects()) {
+        const VT::Class_facts* facts = VT::class_facts(obj->get_type());
+        const QSet<QByteArray>& keys = written.value(obj->VT::VT_obj_base::get_name());
+        const bool from_file = keys.contains("file");
+        for (const VT::Attribute_facts& f : facts->attributes) {
+            if (!f.travels || f.shape == VT::Attribute_facts::COUNT || (f.has_range && f.min == f.max) ||
+                (from_file && f.shape != VT::Attribute_facts::LIST))
+                continue;
+            const QByteArray key = f.shape == VT::Attribute_facts::LIST ? f.item_element : f.name;
+            EXPECT_TRUE(keys.contains(key)) << obj->VT::VT_obj_base::get_name() << " does not give " << f.name.constData();
+            ++checked;
+        }
+    }
+    EXPECT_GT(checked, 300);
+}
+
+TEST(ToolsDescribe, RefusesWhatADescriptionCannotGiveBack)
+{
+    struct Case
+    {
+        const char* what;
+        QByteArray bytes;
+        const char* said;
+    };
+    QByteArray nan_with_payload;
+    {
+        // An output number whose scale is a NaN with a payload: no decimal text gives it back.
+        QByteArray a("\x10\x00\x10\x00\x00\xFF\xFF\x00\xFF\xFF\x00\x00\x00\x00\x00\x00\x00\x00", 18);
+        a += QByteArray("\x01\x00\xC0\x7F", 4);
+        a += QByteArray("\x00\x00\x00\x00", 4);
+        nan_with_payload = object(5, 12, a);
+    }
+    const Case cases[] = {
+        {"a reference to an object the pool lacks", object(1, 1, QByteArray("\x00\xE7\x03\x00\x00", 5)),
+         "refers to object 999"},
+        {"a rectangle without line attributes",
+         object(2, 14, QByteArray("\xFF\xFF\x0A\x00\x0A\x00\x00\xFF\xFF\x00", 10)), "has no line attributes"},
+        {"a text holding a zero byte", object(3, 22, QByteArray("\x03\x00" "A\x00" "B", 5)), "zero byte"},
+        {"a float no decimal number gives back", nan_with_payload, "float"},
+        {"an animation naming the NULL object",
+         object(4, 44, QByteArray("\x0A\x00\x0A\x00\x64\x00\x00\x01\x00\x00\x00\x00\x01\x00\xFF\xFF\x00\x00\x00\x00",
+                                  20)),
+         "NULL object"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Object_pool pool;
+        ASSERT_TRUE(read(c.bytes, pool));
+        ASSERT_EQ(Pool_file::write(pool), c.bytes);
+        const Round_trip r = round_trip(pool, c.bytes);
+        EXPECT_FALSE(r.described);
+        EXPECT_TRUE(r.problems.join("\n").contains(c.said)) << r.problems.join("\n").toStdString();
+        EXPECT_TRUE(r.text.xml.isEmpty() || !r.described);
+    }
+}
+
+TEST(ToolsDescribe, NamesComeFromAnIdHeaderWhereTheyCan)
+{
+    QStringList warnings;
+    const VT::Object_names::By_id header = VT::Object_names::parse_header(
+        "#define MAIN_MASK 1000\n"
+        "  #  define   SPEED_VAR (0x0BB8)   // the speed\n"
+        "#define UNIT_VAR 3001U\n"
+        "constexpr uint16_t TITLE = 11000;\n"
+        "#define ALSO_MAIN 1000\n"
+        "#define POOL_VERSION \"3\"\n"
+        "#define TOO_BIG 70000\n"
+        "#define Data_mask_1000_too 65535\n",
+        "ids.h", warnings);
+    EXPECT_EQ(header, (VT::Object_names::By_id{{1000, "MAIN_MASK"}, {3000, "SPEED_VAR"}, {3001, "UNIT_VAR"},
+                                               {11000, "TITLE"}}));
+    ASSERT_EQ(warnings.size(), 1);
+    EXPECT_TRUE(warnings[0].startsWith("ids.h:5: 'ALSO_MAIN' names id 1000")) << warnings[0].toStdString();
+
+    // A data mask, a number variable and an output string that shows it; the header names two,
+    // and gives the third a name that another object's default name already is.
+    QByteArray bytes = object(1000, 1, QByteArray("\x00\xFF\xFF\x01\x00\xB8\x0B\x00\x00\x00\x00", 11));
+    bytes += object(3000, 21, QByteArray("\x07\x00\x00\x00", 4));
+    bytes += object(11000, 11,
+                    QByteArray("\x0A\x00\x0A\x00\x00\xFF\xFF\x00\xB8\x0B\x00\x00\x00\x00", 14));
+    Object_pool pool;
+    ASSERT_TRUE(read(bytes, pool));
+    const Round_trip r = round_trip(pool, bytes, {{1000, "MAIN_MASK"}, {3000, "Output_string_11000"},
+                                                  {11000, "0x10"}});
+    ASSERT_TRUE(r.described) << r.problems.join("\n").toStdString();
+    EXPECT_EQ(r.again, bytes);
+    EXPECT_TRUE(r.text.xml.contains("<Data_mask name=\"MAIN_MASK\" id=\"1000\">")) << r.text.xml.constData();
+    EXPECT_TRUE(r.text.xml.contains("<place object=\"Output_string_11000\""));
+    // A header name that reads as a number cannot stand for an object, and the output string's
+    // default name is taken: it gets a name of its own.
+    EXPECT_TRUE(r.text.xml.contains("<Output_string name=\"Output_string_11000_2\"")) << r.text.xml.constData();
+    EXPECT_TRUE(r.text.xml.contains("variable_reference=\"Output_string_11000\""));
+    EXPECT_EQ(r.warnings, QStringList({"'0x10' cannot name Output_string 11000: it is not usable as a name",
+                                       "Output_string 11000 is named 'Output_string_11000_2': 'Output_string_11000' "
+                                       "is taken"}));
+}
