@@ -23,7 +23,9 @@ int run(Invocation& in)
 
     Object_pool pool;
     bool is_description = false;
-    if (!in.load(pool, in.is_set("verbose"), &is_description))
+    // With --names a pool file is read through its description, named as describe names it.
+    const bool named = in.is_set("names");
+    if (!(named ? in.load_named(pool, &is_description) : in.load(pool, in.is_set("verbose"), &is_description)))
         return PROBLEM;
     const VT::Terminal& terminal = target.terminal;
     pool.set_serialisation_limits(VT::serialisation_limits(terminal));
@@ -36,13 +38,7 @@ int run(Invocation& in)
                     types.insert(uint8_t(t));
         pool.set_supported_types(types);
     }
-    const VT::Scaling::Ratio mask_ratio = VT::Scaling::mask_ratio(terminal, target.design);
-    const VT::Scaling::Ratio key_ratio = VT::Scaling::key_ratio(terminal, target.design);
-    if (mask_ratio.active || key_ratio.active) {
-        if (!is_description)
-            VT::Scaling::propagate_areas(pool);
-        VT::Scaling::scale(pool, mask_ratio, key_ratio);
-    }
+    Terminal_options::scale(pool, target, is_description || named);
 
     QString out_path = in.value("output");
     QFile out(out_path);
@@ -92,7 +88,8 @@ Command build_command()
             "uploaded to a terminal with the given properties. Without terminal options a pool\n"
             "file is written back as it was read.\n",
             QVector<Option>{Option::output("POOL.iop", "where to write the pool")} + Terminal_options::all() +
-                QVector<Option>{{{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
+                QVector<Option>{Invocation::names_option(),
+                                {{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
                                 {{"verbose"}, "", "show the library's chatter while building"}},
             run};
 }

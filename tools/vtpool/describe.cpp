@@ -64,7 +64,7 @@ Command describe_command()
             "it is written; a pool it could not give back is refused, naming the objects.\n"
             "Objects are named <Type>_<id>, or as an ID header names them (--names).\n",
             {Option::output("DIR", "the folder to write into, created if missing"),
-             {{"names"}, "IDS.h", "object names from an ID header (#define NAME ID)"},
+             Invocation::names_option(),
              {{"accept-changes"}, "", "describe a pool whose values the reader had to clamp, as read"}},
             run};
 }

@@ -18,12 +18,13 @@ Command pictures_command();
 Command info_command();
 Command render_command();
 Command describe_command();
+Command ids_command();
 
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table{
         build_command(), dump_command(), source_command(), check_command(), pictures_command(), render_command(), info_command(),
-        describe_command(),
+        describe_command(), ids_command(),
     };
     return table;
 }
