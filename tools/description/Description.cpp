@@ -9,6 +9,7 @@
 #include <memory>
 #include <sstream>
 
+#include "tools/description/Attribute_names.h"
 #include "tools/description/Values.h"
 #include "tools/description/Xml_reader.h"
 #include "tools/pictures/Picture_encoder.h"
@@ -166,6 +167,8 @@ void Description::collect(Xml_element* e, int depth)
         else
             problem(e, QStringLiteral("unknown object type '%1'").arg(QString::fromUtf8(e->name)));
     }
+    for (const QString& p : Attribute_names::resolve(*e))
+        problem(e, p);
     e->mark_used("name");
     e->mark_used("id");
     const QByteArray* name = e->attribute("name");
@@ -208,6 +211,9 @@ void Description::check_children(Xml_element* e, int depth)
             problem(c, QStringLiteral("objects nested too deeply"));
             return;
         }
+        if (!c->is_object())
+            for (const QString& p : Attribute_names::resolve(*c))
+                problem(c, p);
         if (c->is_object()) {
             collect(c, depth); // an inline object of a plain reference list
         } else if (c->is_list_item() || c->kind == Xml_element::ATTR_WRAPPER) {
@@ -493,7 +499,8 @@ void Description::report_unused(const Xml_element* e)
                     owner = owner->parent;
                 warning(e, QStringLiteral("attribute '%1' of <%2> is not used%3")
                                .arg(QString::fromUtf8(a.key), QString::fromUtf8(e->name),
-                                    owner && owner->object ? "" : " (its object was not built)"));
+                                    owner && owner->object ? Attribute_names::suggestion(e->name, a.key)
+                                                           : " (its object was not built)"));
             }
     for (const auto& c : e->children)
         report_unused(c.get());

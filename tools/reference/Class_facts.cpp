@@ -166,8 +166,6 @@ std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
         if (Attribute* a = obj->get_every_attribute(i))
             a->_set_by_spec(&empty, SCALE_AREA_NONE);
 
-    int at = 3; // the id and the type byte
-    bool fixed = true;
     for (uint16_t i = 0; i < n; ++i) {
         Attribute* a = obj->get_every_attribute(i);
         if (!a)
@@ -185,15 +183,8 @@ std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
             f.size = a->num_bytes();
         read_range(a, f);
         f.travels = travels(*obj, *a, f);
-        if (f.travels) {
-            f.offset = fixed ? at : -1;
-            at += f.default_bytes.size();
-            fixed = fixed && (f.shape == Attribute_facts::SCALAR || f.shape == Attribute_facts::COUNT);
-            facts->fixed_bytes += f.default_bytes.size();
-        }
         facts->attributes.append(f);
     }
-    facts->fixed_bytes += 3;
 
     // What each count counts, and the size of one item: a list counted as holding items it does
     // not have sends default items, so one counted item shows both.
@@ -225,6 +216,19 @@ std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
         list->set_counters(0);
     }
     obj->unlock();
+
+    // Where each attribute starts, up to the first list, and the bytes of an object whose lists
+    // are empty.
+    int at = 3; // the id and the type byte
+    bool fixed = true;
+    for (Attribute_facts& f : facts->attributes) {
+        if (!f.travels)
+            continue;
+        f.offset = fixed ? at : -1;
+        at += f.default_bytes.size();
+        fixed = fixed && (f.shape == Attribute_facts::SCALAR || f.shape == Attribute_facts::COUNT);
+    }
+    facts->fixed_bytes = at;
     return facts;
 }
 

@@ -19,12 +19,14 @@ Command info_command();
 Command render_command();
 Command describe_command();
 Command ids_command();
+Command types_command();
+Command attributes_command();
 
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table{
         build_command(), dump_command(), source_command(), check_command(), pictures_command(), render_command(), info_command(),
-        describe_command(), ids_command(),
+        describe_command(), ids_command(), types_command(), attributes_command(),
     };
     return table;
 }
