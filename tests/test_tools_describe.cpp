@@ -12,6 +12,7 @@
 
 #include "every_type_pool.h"
 #include "test_support.h"
+#include "vtpool_support.h"
 #include "tools/describe/Describer.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/pool/Pool_loader.h"
@@ -245,4 +246,72 @@ TEST(ToolsDescribe, NamesComeFromAnIdHeaderWhereTheyCan)
     EXPECT_EQ(r.warnings, QStringList({"'0x10' cannot name Output_string 11000: it is not usable as a name",
                                        "Output_string 11000 is named 'Output_string_11000_2': 'Output_string_11000' "
                                        "is taken"}));
+}
+
+TEST(ToolsDescribe, VtpoolDescribeIdsAndSourceOnAPoolFile)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString iop = tmp.filePath("pool.iop");
+    ASSERT_EQ(test::vtpool({"build", VT_EXAMPLES_DIR "/realistic.xml", "-o", iop}).status, 0);
+    const QByteArray bytes = test::read_file(iop);
+
+    // describe, then build: the same bytes, the pictures beside the description.
+    test::Outcome r = test::vtpool({"describe", iop, "-o", tmp.filePath("out")});
+    ASSERT_EQ(r.status, 0) << r.err.toStdString();
+    EXPECT_TRUE(r.out.contains("(52 objects) and 3 pictures")) << r.out.toStdString();
+    EXPECT_EQ(QDir(tmp.filePath("out/pictures")).entryList(QDir::Files).size(), 3);
+    ASSERT_EQ(test::vtpool({"build", tmp.filePath("out/pool.xml"), "-o", tmp.filePath("again.iop")}).status, 0);
+    EXPECT_EQ(test::read_file(tmp.filePath("again.iop")), bytes);
+
+    // ids writes the names describe gives; describe --names reads them back, #define or constexpr.
+    for (const QStringList& style : {QStringList(), QStringList({"--constexpr", "--namespace", "ui"})}) {
+        ASSERT_TRUE(test::write_file(tmp.filePath("ids.h"), "#define SPEED_VARIABLE 44\n"));
+        r = test::vtpool(QStringList({"ids", iop, "-o", tmp.filePath("all.h"), "--names", tmp.filePath("ids.h")}) +
+                         style);
+        ASSERT_EQ(r.status, 0) << r.err.toStdString();
+        const QByteArray header = test::read_file(tmp.filePath("all.h"));
+        EXPECT_TRUE(header.contains(style.isEmpty() ? "#define SPEED_VARIABLE" : "constexpr uint16_t SPEED_VARIABLE"))
+            << header.constData();
+        r = test::vtpool({"describe", iop, "-o", tmp.filePath("named"), "--names", tmp.filePath("all.h")});
+        ASSERT_EQ(r.status, 0) << r.err.toStdString();
+        const QByteArray xml = test::read_file(tmp.filePath("named/pool.xml"));
+        EXPECT_TRUE(xml.contains("<Number_variable name=\"SPEED_VARIABLE\" id=\"44\"")) << xml.constData();
+        EXPECT_TRUE(xml.contains("variable_reference=\"SPEED_VARIABLE\""));
+    }
+
+    // source names a pool file's references as describe does.
+    r = test::vtpool({"source", iop, "-o", tmp.filePath("pool.cpp"), "--header", tmp.filePath("ui_pool.h")});
+    ASSERT_EQ(r.status, 0) << r.err.toStdString();
+    const QByteArray source = test::read_file(tmp.filePath("pool.cpp"));
+    EXPECT_TRUE(source.contains("#include \"ui_pool.h\"") && source.contains("namespace ui_pool {"));
+    EXPECT_TRUE(source.contains("Oids::Number_variable_44")) << "references carry names";
+    EXPECT_TRUE(test::read_file(tmp.filePath("ui_pool.h")).contains("const std::vector<VT::VT_obj*>& objects();"));
+}
+
+TEST(ToolsDescribe, VtpoolDescribeRefusesWithoutLeavingFiles)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    // A value out of its range is clamped while reading: the file's bytes cannot come back.
+    const QString clamped = tmp.filePath("clamped.iop");
+    ASSERT_TRUE(test::write_file(clamped, object(1, 0, QByteArray("\x01\x07\xFF\xFF\x00\x00\x00", 7))));
+    test::Outcome r = test::vtpool({"describe", clamped, "-o", tmp.filePath("a")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("--accept-changes")) << r.err.toStdString();
+    EXPECT_FALSE(QFile::exists(tmp.filePath("a/pool.xml")));
+    r = test::vtpool({"describe", clamped, "-o", tmp.filePath("a"), "--accept-changes"});
+    EXPECT_EQ(r.status, 0) << r.err.toStdString();
+    EXPECT_TRUE(r.err.contains("warning: ") && r.err.contains("selectable")) << r.err.toStdString();
+
+    // A reference to an object the pool lacks: refused, naming the object and attribute.
+    const QString dangling = tmp.filePath("dangling.iop");
+    ASSERT_TRUE(test::write_file(dangling, object(1, 1, QByteArray("\x00\xE7\x03\x00\x00", 5))));
+    r = test::vtpool({"describe", dangling, "-o", tmp.filePath("b")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("'Data_mask_1' (Data_mask 1): 'soft_key_mask' refers to object 999"))
+        << r.err.toStdString();
+    EXPECT_FALSE(QDir(tmp.filePath("b")).exists());
+    EXPECT_EQ(test::vtpool({"describe", dangling, "-o", tmp.filePath("c"), "--names", tmp.filePath("none.h")}).status,
+              1);
 }

@@ -6,6 +6,7 @@
 
 #include "every_type_pool.h"
 #include "test_support.h"
+#include "vtpool_support.h"
 #include "tools/description/Attribute_names.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
@@ -136,4 +137,19 @@ TEST(ToolsReference, DescriptionsTakeOtherNamesAndSuggestTheNearest)
                            "t.xml:1: attribute 'pont_y' of <Point> is not used (did you mean 'point_y'?)"}));
     // A near miss of another name suggests the class's own name for it.
     EXPECT_EQ(VT::Attribute_names::suggestion("Output_number", "number_of_decimal"), " (did you mean 'no_decimals'?)");
+}
+
+TEST(ToolsReference, VtpoolTypesAndAttributes)
+{
+    test::Outcome r = test::vtpool({"types"});
+    ASSERT_EQ(r.status, 0);
+    EXPECT_TRUE(r.out.contains("46     PNG                                 6")) << r.out.toStdString();
+    // A type by name in any letter case, or by number.
+    const test::Outcome by_name = test::vtpool({"attributes", "output_NUMBER"});
+    EXPECT_EQ(by_name.status, 0);
+    EXPECT_EQ(test::vtpool({"attributes", "12"}).out, by_name.out);
+    EXPECT_EQ(by_name.out, VT::Reference::attributes_text(*VT::class_facts("Output_number")));
+    r = test::vtpool({"attributes", "Output_numbr"});
+    EXPECT_EQ(r.status, 2);
+    EXPECT_TRUE(r.err.contains("no object type 'Output_numbr'")) << r.err.toStdString();
 }

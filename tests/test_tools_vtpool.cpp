@@ -7,51 +7,22 @@
 #include <QTemporaryDir>
 
 #include "test_support.h"
+#include "vtpool_support.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/source/Source_generator.h"
 
 #include <sstream>
 
-namespace {
-
-struct Outcome
-{
-    int status = -1;
-    QString out;
-    QString err;
-};
-
-Outcome vtpool(const QStringList& args)
-{
-    QProcess p;
-    p.start(QStringLiteral(VT_VTPOOL), args);
-    Outcome r;
-    if (!p.waitForFinished(60000))
-        return r;
-    r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
-}
-
-QByteArray read_file(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-bool write_file(const QString& path, const QByteArray& content)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly) && f.write(content) == content.size();
-}
-
-}
+using test::Outcome;
+using test::read_file;
+using test::vtpool;
+using test::write_file;
 
 TEST(ToolsVtpool, EveryCommandHasHelpAndBadUsageIsStatusTwo)
 {
-    for (const char* command : {"build", "dump", "source", "check", "pictures", "info", "render"}) {
+    for (const char* command : {"build", "dump", "source", "check", "pictures", "info", "render", "describe", "ids",
+                                "attributes"}) {
         Outcome r = vtpool({command, "--help"});
         EXPECT_EQ(r.status, 0) << command;
         EXPECT_TRUE(r.out.startsWith(QStringLiteral("usage: vtpool %1").arg(command))) << r.out.toStdString();
@@ -214,7 +185,8 @@ TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
     for (const QString& line : general.out.split('\n'))
         if (line.startsWith("  ") && !line.startsWith("   "))
             commands.append(line.trimmed().section(' ', 0, 0));
-    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info"}));
+    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info", "describe",
+                                     "ids", "types", "attributes"}));
     for (const QString& command : commands) {
         SCOPED_TRACE(command.toStdString());
         const Outcome help = vtpool({command, "--help"});
