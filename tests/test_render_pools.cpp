@@ -10,11 +10,15 @@
 #include <QTemporaryDir>
 
 #include "test_support.h"
+#include "tool_test_support.h"
 #include "tools/pool/Pool_loader.h"
 #include "tools/render/Colour_reduction.h"
 #include "tools/render/Png_writer.h"
 #include "tools/render/Renderer.h"
 
+using test::Outcome;
+using test::read_file;
+using test::vtpool;
 using VT::Object_pool;
 using VT::Render::Renderer;
 
@@ -29,31 +33,6 @@ bool load(const QString& path, Object_pool& pool)
     const bool ok = VT::Pool_loader::load(path, pool, problems, warnings);
     EXPECT_TRUE(ok) << path.toStdString() << ": " << problems.join("\n").toStdString();
     return ok;
-}
-
-QByteArray read_file(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-struct Outcome
-{
-    int status = -1;
-    QString out, err;
-};
-
-Outcome vtpool(const QStringList& args)
-{
-    QProcess p;
-    p.start(QStringLiteral(VT_VTPOOL), args);
-    Outcome r;
-    if (!p.waitForFinished(60000))
-        return r;
-    r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
 }
 
 QSize png_size(const QString& path)

@@ -12,7 +12,7 @@
 
 #include "every_type_pool.h"
 #include "test_support.h"
-#include "vtpool_support.h"
+#include "tool_test_support.h"
 #include "tools/describe/Describer.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/pool/Pool_loader.h"
@@ -22,12 +22,6 @@ using VT::Object_pool;
 using VT::Pool_file;
 
 namespace {
-
-QByteArray file_bytes(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 // A pool described, the description saved, and what building the saved files gives.
 struct Round_trip
@@ -71,25 +65,17 @@ QByteArray object(uint16_t id, uint8_t type, const QByteArray& attributes)
     return out + attributes;
 }
 
-QStringList real_pools()
-{
-    QDir dir(QStringLiteral(VT_SHARED_POOLS_DIR));
-    QStringList out;
-    for (const QString& f : dir.entryList({"*.iop"}, QDir::Files, QDir::Name))
-        out.append(dir.filePath(f));
-    return out;
-}
 
 }
 
 TEST(ToolsDescribe, RealPoolsComeBackByteForByteWithTheirPicturesAsFiles)
 {
-    const QStringList pools = real_pools();
+    const QStringList pools = test::real_pools();
     if (pools.isEmpty())
         GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR << ": describe is not tried on them";
     for (const QString& path : pools) {
         SCOPED_TRACE(path.toStdString());
-        const QByteArray bytes = file_bytes(path);
+        const QByteArray bytes = test::read_file(path);
         Object_pool pool;
         ASSERT_TRUE(read(bytes, pool));
         const Round_trip r = round_trip(pool, bytes);

@@ -6,7 +6,7 @@
 
 #include "every_type_pool.h"
 #include "test_support.h"
-#include "vtpool_support.h"
+#include "tool_test_support.h"
 #include "tools/description/Attribute_names.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"

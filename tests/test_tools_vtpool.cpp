@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 
 #include "test_support.h"
-#include "vtpool_support.h"
+#include "tool_test_support.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/source/Source_generator.h"

@@ -1,9 +1,11 @@
-#ifndef TESTS_VTPOOL_SUPPORT_H
-#define TESTS_VTPOOL_SUPPORT_H
+#ifndef TESTS_TOOL_TEST_SUPPORT_H
+#define TESTS_TOOL_TEST_SUPPORT_H
 
-// Running the vtpool program from tests, and the files it reads and writes.
+// What the tests of the host tools share: the vtpool program run as a user runs it, the files
+// it reads and writes, and the real pools of ../shared/pools.
 
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QString>
@@ -41,6 +43,16 @@ inline bool write_file(const QString& path, const QByteArray& content)
 {
     QFile f(path);
     return f.open(QIODevice::WriteOnly) && f.write(content) == content.size();
+}
+
+// The real pools (*.iop) of VT_SHARED_POOLS_DIR, by name; none when the folder is absent.
+inline QStringList real_pools()
+{
+    QDir dir(QStringLiteral(VT_SHARED_POOLS_DIR));
+    QStringList out;
+    for (const QString& f : dir.entryList({"*.iop"}, QDir::Files, QDir::Name))
+        out.append(dir.filePath(f));
+    return out;
 }
 
 }
