@@ -104,9 +104,7 @@ inline QByteArray every_type_pool(QVector<int>* starts = nullptr)
                 }
                 break;
             case VT::Attribute_facts::SCALAR: {
-                quint64 v = 0;
-                for (int b = 0; b < f.default_bytes.size(); ++b)
-                    v |= quint64(uchar(f.default_bytes[b])) << (8 * b);
+                quint64 v = quint64(f.value_of(f.default_bytes));
                 if (f.name == "extended_type") {
                     v = c.type >> 8; // the configuration objects' kind is their type
                 } else if (c.type == VT::VT_obj_type::TYPE_PICTURE_GRAPHIC && f.name == "options") {
@@ -118,15 +116,11 @@ inline QByteArray every_type_pool(QVector<int>* starts = nullptr)
                     uint32_t bits = 0;
                     memcpy(&bits, &x, sizeof bits);
                     v = bits;
-                } else {
-                    // The default plus one, or minus one at the top of the range; a range of
-                    // one value leaves no other.
-                    qint64 s = qint64(v);
-                    if (f.is_signed && f.size < 8 && (v >> (8 * f.size - 1)) & 1)
-                        s -= qint64(1) << (8 * f.size);
-                    if (!f.has_range || f.min < f.max)
-                        s = f.has_range && s + 1 > f.max ? s - 1 : s + 1;
-                    v = quint64(s);
+                } else if (!f.has_range || f.min < f.max) {
+                    // The default plus one, or minus one at the top of the range (a range of one
+                    // value leaves no other).
+                    const qint64 s = f.value_of(f.default_bytes);
+                    v = quint64(f.has_range && s + 1 > f.max ? s - 1 : s + 1);
                 }
                 append_le(out, v, f.size);
                 break;

@@ -18,14 +18,6 @@ const char* const pixel_formats[] = {"MONOCHROME", "FOUR_BIT_COLOUR", "EIGHT_BIT
 // Longer byte strings are written this many bytes to a line.
 const int HEX_PER_LINE = 32;
 
-quint64 little_endian(const QByteArray& b)
-{
-    quint64 v = 0;
-    for (int i = 0; i < b.size() && i < 8; ++i)
-        v |= quint64(uchar(b[i])) << (8 * i);
-    return v;
-}
-
 // The shortest text that reads back as exactly this float.
 bool float_text(float f, QByteArray& out)
 {
@@ -176,7 +168,8 @@ QString Writer::file_for(VT_obj* obj)
 void Writer::scalar(VT_obj* obj, const Class_facts& facts, const Attribute_facts& f, const QByteArray& bytes,
                     Xml_text& e, QStringList& explained)
 {
-    const quint64 raw = little_endian(bytes);
+    const qint64 value = f.value_of(bytes);
+    const quint64 raw = quint64(value);
     const Attribute_meanings* meanings = attribute_meanings(facts.type, f.name.constData());
     switch (f.atype) {
     case Attribute::ATTR_COLOUR:
@@ -204,9 +197,6 @@ void Writer::scalar(VT_obj* obj, const Class_facts& facts, const Attribute_facts
     }
     default: break;
     }
-    qint64 value = qint64(raw);
-    if (f.is_signed && bytes.size() < 8 && (raw >> (8 * bytes.size() - 1)) & 1)
-        value -= qint64(1) << (8 * bytes.size());
     if (meanings && meanings->kind == Attribute_meanings::BITS)
         e.set_verbatim(f.name, "0x" + QByteArray::number(raw, 16).toUpper().rightJustified(2 * bytes.size(), '0'));
     else

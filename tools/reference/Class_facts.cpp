@@ -131,15 +131,8 @@ bool travels(VT_obj& obj, Attribute& a, const Attribute_facts& f)
     } else if (f.has_range) {
         if (f.min == f.max)
             return true; // no other value to give it
-        quint64 raw = 0;
-        for (int i = 0; i < own.size() && i < 8; ++i)
-            raw |= quint64(uchar(own[i])) << (8 * i);
-        qint64 v = qint64(raw);
-        if (f.is_signed && own.size() < 8 && (raw >> (8 * own.size() - 1)) & 1)
-            v -= qint64(1) << (8 * own.size());
-        v = v < f.max ? v + 1 : v - 1;
-        for (int i = 0; i < other.size(); ++i)
-            other[i] = char(quint64(v) >> (8 * i));
+        const qint64 v = f.value_of(own);
+        other = f.bytes_of(v < f.max ? v + 1 : v - 1);
     } else {
         other[0] = char(other[0] ^ 1);
     }
@@ -266,6 +259,25 @@ QByteArray attribute_bytes(const Attribute& a)
     QByteArray out(std::max(n, 0), '\0');
     const int written = n > 0 ? a.serialise(&limits, 0, reinterpret_cast<uint8_t*>(out.data()), n) : 0;
     out.resize(std::max(written, 0));
+    return out;
+}
+
+qint64 Attribute_facts::value_of(const QByteArray& bytes) const
+{
+    quint64 raw = 0;
+    for (int i = 0; i < bytes.size() && i < 8; ++i)
+        raw |= quint64(uchar(bytes[i])) << (8 * i);
+    qint64 v = qint64(raw);
+    if (is_signed && bytes.size() > 0 && bytes.size() < 8 && (raw >> (8 * bytes.size() - 1)) & 1)
+        v -= qint64(1) << (8 * bytes.size());
+    return v;
+}
+
+QByteArray Attribute_facts::bytes_of(qint64 value) const
+{
+    QByteArray out(size, '\0');
+    for (int i = 0; i < size && i < 8; ++i)
+        out[i] = char(quint64(value) >> (8 * i));
     return out;
 }
 

@@ -30,6 +30,10 @@ struct Attribute_facts
     QByteArray counts;          // a count: the list or array it counts
     QByteArray item_element;    // a list: the child element its items are written as
     QByteArray default_bytes;   // byte form when a description leaves the attribute out
+    // The value of a byte form of this attribute (little-endian, signed where the attribute
+    // is), and the byte form of a value.
+    qint64 value_of(const QByteArray& bytes) const;
+    QByteArray bytes_of(qint64 value) const;
     // The attribute's kind as the reference shows it: "uint8", "colour", "object id",
     // "count of child_location", "list of 6-byte placements", "text".
     QString kind() const;

@@ -24,17 +24,6 @@ QString version_text(int version)
     return version ? QString::number(version) : QStringLiteral("-");
 }
 
-qint64 value_of(const Attribute_facts& f, const QByteArray& bytes)
-{
-    quint64 raw = 0;
-    for (int i = 0; i < bytes.size() && i < 8; ++i)
-        raw |= quint64(uchar(bytes[i])) << (8 * i);
-    qint64 v = qint64(raw);
-    if (f.is_signed && bytes.size() < 8 && (raw >> (8 * bytes.size() - 1)) & 1)
-        v -= qint64(1) << (8 * bytes.size());
-    return v;
-}
-
 QString default_text(const Attribute_facts& f)
 {
     switch (f.shape) {
@@ -44,7 +33,7 @@ QString default_text(const Attribute_facts& f)
     case Attribute_facts::TEXT: return QStringLiteral("empty");
     case Attribute_facts::SCALAR: break;
     }
-    const qint64 v = value_of(f, f.default_bytes);
+    const qint64 v = f.value_of(f.default_bytes);
     switch (f.atype) {
     case Attribute::ATTR_COLOUR:
         return v < Attribute_colour::num_named_colours ? QString::fromLatin1(Attribute_colour::list_named_colours[v])
