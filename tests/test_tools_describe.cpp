@@ -153,6 +153,55 @@ TEST(ToolsDescribe, EveryTypeWithEveryAttributeAwayFromItsDefaultComesBack)
     EXPECT_GT(checked, 300);
 }
 
+TEST(ToolsDescribe, PicturesArePngFilesWhereTheFileGivesTheirBytesBack)
+{
+    // A picture graphic: width, actual width and height, format, options, transparency
+    // colour, its data's length (4 bytes), no macros, its data.
+    auto picture = [](uint16_t id, uint16_t w, uint16_t h, uint8_t format, uint8_t options, const QByteArray& data) {
+        QByteArray a;
+        for (uint16_t v : {w, w, h})
+            a.append(char(v & 0xFF)).append(char(v >> 8));
+        a.append(char(format)).append(char(options)).append(char(0));
+        for (int i = 0; i < 4; ++i)
+            a.append(char(uint32_t(data.size()) >> (8 * i)));
+        a.append(char(0));
+        return object(id, 20, a + data);
+    };
+    struct Case
+    {
+        const char* what;
+        QByteArray bytes;
+        const char* kept_because; // null: written as a PNG file
+    };
+    QByteArray png_object = object(9, 46, QByteArray("\x02\x00\x02\x00\x01\x00\x00\x03\x00\x00\x00\x00", 12) + "xyz");
+    const Case cases[] = {
+        // Black twice over (a standard colour and a cube colour) and white: only the palette's
+        // indexes tell them apart.
+        {"an 8-bit picture of colours the palette holds twice", picture(1, 3, 1, 2, 0, QByteArray("\x00\x10\x01", 3)),
+         nullptr},
+        {"a run-length coded picture", picture(2, 4, 1, 2, 4, QByteArray("\x03\x0C\x01\xE7", 4)), nullptr},
+        {"runs split as vtpool would not split them", picture(3, 4, 1, 2, 4, QByteArray("\x01\x0C\x03\x0C", 4)),
+         "coding its pixels again would not give the same bytes"},
+        {"a picture too large to be a file", picture(4, 60000, 60000, 2, 4, QByteArray("\xFF\x01", 2)),
+         "it is larger than a picture file may be"},
+        {"a PNG object whose data is no PNG", png_object, "its data is not a PNG file"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Object_pool pool;
+        ASSERT_TRUE(read(c.bytes, pool));
+        test::Dprint_capture quiet;
+        const Round_trip r = round_trip(pool, c.bytes);
+        ASSERT_TRUE(r.described) << r.problems.join("\n").toStdString();
+        EXPECT_EQ(r.again, c.bytes);
+        EXPECT_EQ(r.text.files.size(), c.kept_because ? 0 : 1);
+        if (c.kept_because) {
+            EXPECT_TRUE(r.text.xml.contains(QByteArray("picture data as stored: ") + c.kept_because))
+                << r.text.xml.constData();
+        }
+    }
+}
+
 TEST(ToolsDescribe, RefusesWhatADescriptionCannotGiveBack)
 {
     struct Case

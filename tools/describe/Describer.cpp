@@ -191,8 +191,9 @@ bool Describer::load_named(const QString& path, const Object_names::By_id& names
 
 bool Describer::save(const Written_description& text, const QString& folder, QStringList& problems)
 {
+    // The description last: it is there only once everything it names is.
     QVector<Written_description::File> files = text.files;
-    files.prepend({QString::fromLatin1(DESCRIPTION_FILE), text.xml});
+    files.append({QString::fromLatin1(DESCRIPTION_FILE), text.xml});
     const QDir dir(folder);
     for (const Written_description::File& f : files) {
         const QString path = dir.filePath(f.path);

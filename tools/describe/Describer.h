@@ -37,7 +37,8 @@ public:
     static QString first_difference(Object_pool& pool, const QByteArray& expected);
 
     // Writes the description's files into `folder` (created if missing), each first to a
-    // temporary file beside its place and renamed into place once whole.
+    // temporary file beside its place and renamed into place once whole; the description
+    // itself last, once every picture it names is there.
     static bool save(const Written_description& text, const QString& folder, QStringList& problems);
 
     // Why building an object from a description would end the process (the library stops on a

@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
+#include <QImageReader>
 #include <cstring>
 
 #include "tools/describe/Xml_text.h"
@@ -46,6 +47,10 @@ struct Picture_choice
 Picture_choice picture_graphic_choice(Base::Picture_graphic_obj& picture, const QByteArray& data)
 {
     Picture_choice c;
+    if (qint64(picture.get_actual_width()) * picture.get_actual_height() > Picture_encoder::MAX_PIXELS) {
+        c.why_not = QStringLiteral("it is larger than a picture file may be");
+        return c;
+    }
     const unsigned format = picture.get_format();
     const uint8_t options = picture.get_options();
     QImage image = picture.get_qimage(false);
@@ -72,15 +77,24 @@ Picture_choice picture_graphic_choice(Base::Picture_graphic_obj& picture, const 
 Picture_choice png_choice(Base::PNG_obj& png, const QByteArray& data)
 {
     Picture_choice c;
+    // The size from the file's header, before anything is decoded.
+    QBuffer buffer(const_cast<QByteArray*>(&data));
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer, "PNG");
+    const QSize size = data.startsWith("\x89PNG\r\n\x1a\n") ? reader.size() : QSize();
     QImage image;
-    if (!data.startsWith("\x89PNG\r\n\x1a\n") || !image.loadFromData(data, "PNG"))
+    if (!size.isValid())
         c.why_not = QStringLiteral("its data is not a PNG file");
-    else if (image.width() != png.get_actual_width() || image.height() != png.get_actual_height())
+    else if (size.width() != png.get_actual_width() || size.height() != png.get_actual_height())
         c.why_not = QStringLiteral("its PNG is %1 x %2 while the object states %3 x %4")
-                        .arg(image.width())
-                        .arg(image.height())
+                        .arg(size.width())
+                        .arg(size.height())
                         .arg(png.get_actual_width())
                         .arg(png.get_actual_height());
+    else if (qint64(size.width()) * size.height() > Picture_encoder::MAX_PIXELS)
+        c.why_not = QStringLiteral("it is larger than a picture file may be");
+    else if (!image.loadFromData(data, "PNG"))
+        c.why_not = QStringLiteral("its PNG does not decode");
     else {
         c.as_file = true;
         c.file = data;

@@ -305,7 +305,7 @@ void Description::prepare_picture(Xml_element* e, bool png)
         problem(e, QStringLiteral("'%1' is not an image this tool can read").arg(path));
         return;
     }
-    if (image.width() > 65535 || image.height() > 65535 || qint64(image.width()) * image.height() > (1 << 24)) {
+    if (image.width() > 65535 || image.height() > 65535 || qint64(image.width()) * image.height() > Picture_encoder::MAX_PIXELS) {
         problem(e, QStringLiteral("picture '%1' is too large (%2 x %3)").arg(path).arg(image.width()).arg(image.height()));
         return;
     }

@@ -13,6 +13,9 @@ namespace VT {
 class Picture_encoder
 {
 public:
+    // The most pixels a picture read from an image file may have.
+    static constexpr qint64 MAX_PIXELS = qint64(1) << 24;
+
     // Pixels are mapped onto the VT palette; pixels that are (nearly) fully transparent become
     // `transparency_index`. 8-bit pictures use the palette's colour cube, 4-bit pictures the
     // sixteen standard colours, monochrome pictures 1 for light and 0 for dark pixels. An image
