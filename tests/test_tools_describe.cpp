@@ -14,6 +14,7 @@
 #include "test_support.h"
 #include "tool_test_support.h"
 #include "tools/describe/Describer.h"
+#include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/pool/Pool_loader.h"
 
@@ -243,6 +244,48 @@ TEST(ToolsDescribe, RefusesWhatADescriptionCannotGiveBack)
         EXPECT_TRUE(r.problems.join("\n").contains(c.said)) << r.problems.join("\n").toStdString();
         EXPECT_TRUE(r.text.xml.isEmpty() || !r.described);
     }
+}
+
+TEST(ToolsDescribe, DescriptionsGiveCodePlanesWindowReferencesAndNamedSwaths)
+{
+    // Lists the description reader fills itself: a window mask's references apart from its
+    // children, code planes with their ranges, a swath named by a field.
+    VT::Description d;
+    Object_pool pool;
+    ASSERT_TRUE(d.parse(R"(<object_pool>
+  <Output_string name="t" id="7" width="8"/>
+  <Window_mask name="w" id="1" window_type="1">
+    <ref object="t"/><place object="t" x_location="3" y_location="4"/>
+  </Window_mask>
+  <Extended_input_attributes name="e" id="2">
+    <Code_plane_rangeset code_plane="0">
+      <Code_plane_range first_char="32" last_char="126"/><Code_plane_range first_char="160" last_char="0x1FF"/>
+    </Code_plane_rangeset>
+  </Extended_input_attributes>
+  <Field name="f" id="3"><ref object="t"/></Field>
+</object_pool>)",
+                        "lists.xml"));
+    {
+        test::Stream_capture err(std::cerr);
+        ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
+    }
+    const QByteArray window = Pool_file::object_bytes(*pool.find(1));
+    // One reference and one child (not two of each), then the reference, then the placement.
+    EXPECT_EQ(window.mid(14, 3), QByteArray("\x01\x01\x00", 3));
+    EXPECT_EQ(window.mid(17), QByteArray("\x07\x00\x07\x00\x03\x00\x04\x00", 8));
+    EXPECT_EQ(Pool_file::object_bytes(*pool.find(2)).mid(3),
+              QByteArray("\x00\x01\x00\x02\x20\x00\x7E\x00\xA0\x00\xFF\x01", 12));
+    EXPECT_TRUE(Pool_file::object_bytes(*pool.find(3)).endsWith(QByteArray("\x01\x07\x00", 3)));
+
+    VT::Description bad;
+    Object_pool none;
+    ASSERT_TRUE(bad.parse("<object_pool><Extended_input_attributes name='e'>\n"
+                          "<Code_plane_rangeset><Code_plane_range first_char='x' last_char='1'/></Code_plane_rangeset>\n"
+                          "<Code_plane_rangeset code_plane='300'/></Extended_input_attributes></object_pool>",
+                          "bad.xml"));
+    EXPECT_FALSE(bad.build(none));
+    EXPECT_EQ(bad.problems(), QStringList({"bad.xml:2: <Code_plane_rangeset> needs code_plane, a number from 0 to 255",
+                                           "bad.xml:3: <Code_plane_rangeset> needs code_plane, a number from 0 to 255"}));
 }
 
 TEST(ToolsDescribe, NamesComeFromAnIdHeaderWhereTheyCan)
