@@ -19,11 +19,15 @@ inline void append_le(QByteArray& out, quint64 v, int bytes)
         out.append(char(v >> (8 * i)));
 }
 
-// Texts that XML must escape, one with a character from above ASCII and one with a control
-// character that it cannot hold at all.
+// Texts that XML must escape: one with a character from above ASCII, one with a control
+// character that XML cannot hold at all, one in UTF-16 (zero bytes).
 inline QByteArray every_type_text(unsigned type)
 {
-    return type % 2 ? QByteArray("Say \"hi\" & <go>\tcaf\xE9\n") : QByteArray("bell\x07 ok");
+    switch (type % 4) {
+    case 0: return QByteArray("\xFF\xFEH\x00i\x00", 6);
+    case 3: return QByteArray("Say \"hi\" & <go>\tcaf\xE9\n");
+    default: return QByteArray("bell\x07 ok");
+    }
 }
 
 // `starts`, when given, receives where each object begins.

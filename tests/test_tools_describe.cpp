@@ -227,7 +227,6 @@ TEST(ToolsDescribe, RefusesWhatADescriptionCannotGiveBack)
          "refers to object 999"},
         {"a rectangle without line attributes",
          object(2, 14, QByteArray("\xFF\xFF\x0A\x00\x0A\x00\x00\xFF\xFF\x00", 10)), "has no line attributes"},
-        {"a text holding a zero byte", object(3, 22, QByteArray("\x03\x00" "A\x00" "B", 5)), "zero byte"},
         {"a float no decimal number gives back", nan_with_payload, "float"},
         {"an animation naming the NULL object",
          object(4, 44, QByteArray("\x0A\x00\x0A\x00\x64\x00\x00\x01\x00\x00\x00\x00\x01\x00\xFF\xFF\x00\x00\x00\x00",

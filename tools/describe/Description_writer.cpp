@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
+#include <algorithm>
 #include <cstring>
 
 #include "tools/describe/Xml_text.h"
@@ -117,7 +118,7 @@ private:
     Xml_text object(VT_obj* obj, const Class_facts& facts);
     void scalar(VT_obj* obj, const Class_facts& facts, const Attribute_facts& f, const QByteArray& bytes,
                 Xml_text& e, QStringList& explained);
-    void text(VT_obj* obj, const Attribute_facts& f, const QByteArray& bytes, Xml_text& e);
+    static void text(const Attribute_facts& f, const QByteArray& bytes, Xml_text& e);
     void list(VT_obj* obj, const Class_facts& facts, const Attribute_facts& f, Attribute* a, Xml_text& e);
     bool picture(VT_obj* obj, Xml_text& e, QSet<QByteArray>& left_out);
 
@@ -221,20 +222,27 @@ void Writer::scalar(VT_obj* obj, const Class_facts& facts, const Attribute_facts
                                   meanings->explain(uint32_t(raw))));
 }
 
-void Writer::text(VT_obj* obj, const Attribute_facts& f, const QByteArray& bytes, Xml_text& e)
+void Writer::text(const Attribute_facts& f, const QByteArray& bytes, Xml_text& e)
 {
-    // The library reads a text up to its first zero byte.
-    if (bytes.contains('\0')) {
-        problem(obj, f.name,
-                QStringLiteral("holds a zero byte (a UTF-16 text?), which a text read from a description ends at"));
-        return;
-    }
     if (Xml_text::representable(bytes)) {
         e.set(f.name, bytes);
         return;
     }
-    e.set_verbatim(f.name + ".hex", Xml_text::hex(bytes));
-    e.comment(f.name + " holds control characters: given as hexadecimal bytes");
+    // Control characters and zero bytes (a UTF-16 text holds them) have no place in XML text.
+    e.set_verbatim(f.name + ".hex", Xml_text::hex(bytes, HEX_PER_LINE, 8));
+    QByteArray why = bytes.contains('\0') ? " holds zero bytes" : " holds control characters";
+    if (bytes.startsWith("\xFF\xFE") && bytes.size() % 2 == 0) {
+        // A UTF-16 text (little-endian, after its byte order mark), shown for the reader.
+        const QString utf16 = QString::fromUtf16(reinterpret_cast<const char16_t*>(bytes.constData() + 2),
+                                                 (bytes.size() - 2) / 2);
+        // Only characters a comment can hold.
+        const bool showable = std::all_of(utf16.begin(), utf16.end(), [](QChar c) {
+            return c.unicode() >= 0x20 && !c.isSurrogate() && c.unicode() < 0xFFFE;
+        });
+        if (showable)
+            why = " is the UTF-16 text \"" + utf16.toUtf8().replace("--", "- -") + "\"";
+    }
+    e.comment(f.name + why + ": given as hexadecimal bytes");
 }
 
 void Writer::list(VT_obj* obj, const Class_facts& facts, const Attribute_facts& f, Attribute* a, Xml_text& e)
@@ -374,7 +382,7 @@ Xml_text Writer::object(VT_obj* obj, const Class_facts& facts)
             else
                 scalar(obj, facts, f, bytes, e, explained);
             break;
-        case Attribute_facts::TEXT: text(obj, f, bytes, e); break;
+        case Attribute_facts::TEXT: text(f, bytes, e); break;
         case Attribute_facts::ARRAY:
             if (f.atype == Attribute::ATTR_ARRAY_OBJECT_ID)
                 problem(obj, f.name, QStringLiteral("holds object ids, which a description cannot give"));

@@ -25,8 +25,9 @@ struct Xml_text
     // gets one attribute per line.
     QByteArray render(int indent) const;
 
-    // Whether a text can stand in an attribute value: no control characters but tab, line
-    // feed and carriage return, which are written as character references.
+    // Whether a text can stand in an attribute value: no control characters (zero bytes
+    // included) but tab, line feed and carriage return, which are written as character
+    // references.
     static bool representable(const QByteArray& latin1);
     // The value escaped for an attribute; bytes above 0x7F are ISO 8859-1 characters, written
     // in UTF-8.

@@ -1,5 +1,5 @@
-// Lists whose items the library does not read from a description: the host reads them from the
-// elements itself, once the objects have read their own values.
+// Values the library does not read from a description, or not whole: the host reads them from
+// the elements itself, once the objects have read their own values.
 #include <vector>
 
 #include "tools/description/Description.h"
@@ -44,6 +44,16 @@ void Description::read_host_lists()
             split_references(e, *refs, *places);
         if (auto* swaths = dynamic_cast<Attribute_list<Attribute_object_id>*>(attribute("swaths")))
             read_named_swaths(e, *swaths);
+        // The library reads a text up to its first zero byte: texts given as bytes (a UTF-16
+        // text holds zero bytes) are given their bytes whole.
+        for (const Xml_supplied& given : e->supplied)
+            if (given.binary && given.value.contains('\0'))
+                if (auto* text = dynamic_cast<Attribute_array_char*>(attribute(given.key.constData()))) {
+                    obj->lock();
+                    if (text->allocate(uint32_t(given.value.size())))
+                        text->set_elements(0, given.value.constData(), unsigned(given.value.size()));
+                    obj->unlock();
+                }
     }
 }
 
