@@ -30,7 +30,8 @@ struct Round_trip
     bool described = false;
     QStringList problems, warnings;
     VT::Written_description text;
-    QByteArray again; // the pool built from the saved description
+    QByteArray again; // the bytes of the pool built from the saved description
+    std::shared_ptr<Object_pool> back = std::make_shared<Object_pool>(); // that pool
 };
 
 Round_trip round_trip(Object_pool& pool, const QByteArray& expected, const VT::Object_names::By_id& names = {})
@@ -41,11 +42,10 @@ Round_trip round_trip(Object_pool& pool, const QByteArray& expected, const VT::O
         return r;
     QTemporaryDir dir;
     QStringList problems, warnings;
-    Object_pool back;
     test::Stream_capture quiet(std::cerr); // the library's warnings about the pool, given once already
     if (Describer::save(r.text, dir.path(), problems) &&
-        VT::Pool_loader::load(dir.filePath("pool.xml"), back, problems, warnings))
-        r.again = Pool_file::write(back);
+        VT::Pool_loader::load(dir.filePath("pool.xml"), *r.back, problems, warnings))
+        r.again = Pool_file::write(*r.back);
     r.problems += problems;
     return r;
 }
@@ -113,6 +113,10 @@ TEST(ToolsDescribe, ExamplesComeBackAndKeepTheirNames)
         // The description is flat: colour declarations and inline objects are resolved.
         EXPECT_FALSE(r.text.xml.contains("<colour"));
         EXPECT_FALSE(r.text.xml.contains("attr_"));
+        // Describing it again changes nothing: describe normalises a description.
+        const Round_trip twice = round_trip(*r.back, bytes);
+        ASSERT_TRUE(twice.described) << twice.problems.join("\n").toStdString();
+        EXPECT_EQ(twice.text.xml, r.text.xml);
     }
 }
 
