@@ -8,6 +8,7 @@
 #include <ostream>
 
 #include "tools/Object_pool.h"
+#include "tools/Pool_file.h"
 
 namespace VT {
 
@@ -26,9 +27,12 @@ class Pool_tools
 {
 public:
     // Loads a description (XML) or pool bytes, chosen by content. Problems and warnings are
-    // "file:line: text" lines; false when the pool could not be built cleanly.
+    // "file:line: text" lines; false when the pool could not be built cleanly. Pool bytes that
+    // stop reading name the object probably at fault. With `verbose`, warnings also hold what
+    // the library said that the tool reports in its own words. `report`, when given, receives
+    // how pool bytes were read (and says whether duplicate ids are kept).
     static bool load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                     bool verbose = false, bool* is_description = nullptr);
+                     bool verbose = false, bool* is_description = nullptr, Pool_file::Read_report* report = nullptr);
 
     static QVector<Object_reference> references(VT_obj& obj);
     // "'name' (Type id)"
