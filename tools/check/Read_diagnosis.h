@@ -17,36 +17,44 @@ namespace Check {
 
 struct Suspect
 {
-    int index = -1;      // in pool order
+    int index = -1;      // in pool order (the object where reading stopped: the number read)
     uint16_t id = 0;
     unsigned type = 0;   // full type
     int offset = 0;      // where the object starts
-    int read_length = 0; // its bytes after the 3-byte header, as read
+    int read_length = 0;    // its length in bytes (header included), as read; -1: it did not read
     int fitting_length = 0; // ... with which everything after it reads to the end
 
-    // "Graphics_context 36000 at offset 664 is probably 38 bytes long, not 34 (...)"
+    // "Graphics_context 36000 at offset 664 is probably 38 bytes long, not 34: ..."
     QString text() const;
 };
 
 class Read_diagnosis
 {
 public:
-    // Looks at the objects read before reading stopped (report.offsets, report.stopped_at), in
-    // pool order, and gives the first that another length would make the rest of the pool read
-    // to the end. The 256 objects before the stop are looked at, each with lengths up to 64
-    // bytes shorter or longer; false when none fits.
+    // Looks at the objects read before reading stopped (report.offsets, report.stopped_at):
+    // the 64 objects before the stop and the object where reading stopped, each with the
+    // lengths up to 128 bytes and those up to 64 bytes shorter or longer than it was read.
+    // Of the lengths with which the rest of the pool reads to the end (at least one object of
+    // it), it takes the one with the fewest doubts: each finding of the check on the pool that
+    // length makes (bytes misread as objects break rules, and an object swallowed whole is
+    // missed by those that refer to it), each object read before that it swallows, and a
+    // length shorter than the type's layout with every list empty. Then the fewest objects
+    // swallowed, the earliest object, the smallest change. False when no length fits.
     static bool diagnose(const QByteArray& bytes, const Pool_file::Read_report& report, Suspect* out);
 
-    // The lengths from `min` to `max` (bytes after the header) that an object starting at
-    // `offset` could have so that everything after it reads to the end, nearest to `near`
-    // first. `ids_before` are the ids of the objects before it: an object after it with one of
-    // those ids is taken as a sign of a wrong length. Objects read from the bytes keep their
-    // ids duplicated when `keep_duplicate_ids`.
-    static QVector<int> fitting_lengths(const QByteArray& bytes, int offset, int min, int max, int near,
+    // The lengths from `min` to `max` (header included) that an object starting at `offset`
+    // could have so that everything after it reads to the end as at least one object. An
+    // object after it with one of `ids_before` (the ids of the objects before it) rules a
+    // length out. Objects after it keep ids used twice when `keep_duplicate_ids`. To try
+    // another layout of the object's type, ask for that layout's length alone.
+    static QVector<int> fitting_lengths(const QByteArray& bytes, int offset, int min, int max,
                                         const QSet<uint16_t>& ids_before, bool keep_duplicate_ids = false);
 
     // Whether the bytes from `offset` on read to the end as objects.
     static bool rest_reads(const QByteArray& bytes, int offset, bool keep_duplicate_ids = false);
+
+private:
+    class Rest;
 };
 
 }
