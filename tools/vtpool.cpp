@@ -16,6 +16,8 @@
 #include "tools/Pictures.h"
 #include "tools/Pool_file.h"
 #include "tools/Pool_tools.h"
+#include "tools/check/Check_tool.h"
+#include "tools/check/Rules.h"
 
 using namespace VT;
 
@@ -32,7 +34,7 @@ const char* const general_help =
     "  build     build a description or pool file into pool bytes for a terminal\n"
     "  dump      print every object of a pool\n"
     "  source    generate C++ source that compiles the pool in\n"
-    "  check     check containment rules, references and ids; report the VT version needed\n"
+    "  check     check the pool against what terminals expect; report the VT version needed\n"
     "  pictures  write the pool's pictures as PNG files\n"
     "  info      objects and bytes per type, the largest objects\n"
     "\n"
@@ -60,11 +62,16 @@ const QMap<QString, QString>& command_help()
          "  --design-key-size WxH    the soft-key size the pool was designed for\n"
          "  --key-size WxH           the terminal's soft-key size (needs --design-key-size)\n"
          "  --chunk N                bytes per transfer buffer while writing (default 1785)\n"
-         "  --verbose                show the library's chatter while building\n"},
-        {"dump",
-         "usage: vtpool dump POOL [--bytes]\n"
+         "  --no-check               build even when the checks find errors\n"
+         "  --verbose                also show what the library said that is reported otherwise\n"
          "\n"
-         "Prints every object with its attributes.\n"
+         "The pool is checked first (the error rules of vtpool check, with --vt-version when\n"
+         "given) and not built when an error is found; a pool file using an id twice is\n"
+         "never built.\n"},
+        {"dump",
+         "usage: vtpool dump POOL [--bytes] [--verbose]\n"
+         "\n"
+         "Prints every object with its attributes (objects sharing an id all of them).\n"
          "  --bytes   add each object's bytes\n"},
         {"source",
          "usage: vtpool source DESCRIPTION -o FILE.cpp\n"
@@ -74,19 +81,24 @@ const QMap<QString, QString>& command_help()
          "Pool::objects. Object names must be C++ identifiers.\n"
          "  -o, --output FILE   where to write the source (required)\n"},
         {"check",
-         "usage: vtpool check POOL [--vt-version N]\n"
+         "usage: vtpool check POOL [--vt-version N] [--format text|json] [--werror] [--verbose]\n"
          "\n"
-         "Checks every parent/child pair against the containment rules, every reference,\n"
-         "and that ids are unique; reports the lowest VT version the pool needs and the\n"
-         "objects that need it.\n"
-         "  --vt-version N   also report what VT version N lacks\n"},
+         "Checks the pool against what terminals expect of it: references, containment,\n"
+         "ids, macros, events, ranges, pictures and more (the rules are listed below).\n"
+         "Prints one line per finding, errors first, then a summary and the lowest VT\n"
+         "version the pool needs with the objects that decide it.\n"
+         "  --vt-version N     also report, as errors, what VT version N lacks\n"
+         "  --format json      one JSON document instead (docs/check-format.md)\n"
+         "  --werror           exit with status 1 on warnings too\n"
+         "  --verbose          also show what the library said that is reported otherwise\n"
+         "Exit status: 0 no errors, 1 errors (or warnings with --werror), 2 bad usage.\n"},
         {"pictures",
-         "usage: vtpool pictures POOL -o DIR\n"
+         "usage: vtpool pictures POOL -o DIR [--verbose]\n"
          "\n"
          "Writes every picture graphic and PNG object as DIR/<name>.png.\n"
          "  -o, --output DIR   the folder to write into (created if missing)\n"},
         {"info",
-         "usage: vtpool info POOL\n"
+         "usage: vtpool info POOL [--verbose]\n"
          "\n"
          "Objects and bytes per type, and the largest objects.\n"},
     };
@@ -174,14 +186,22 @@ void print_lines(const QStringList& lines, const char* prefix = "")
         std::cerr << prefix << l.toStdString() << std::endl;
 }
 
-// Loads POOL for a command; prints problems and warnings.
-bool load_pool(const QString& path, Object_pool& pool, bool verbose = false, bool* is_description = nullptr)
+// Loads POOL for a command; prints problems and warnings. Objects of pool files whose id is
+// taken are kept, so that they can be shown.
+bool load_pool(const QString& path, Object_pool& pool, bool verbose = false, Check::Loaded* loaded = nullptr)
 {
-    QStringList problems, warnings;
-    bool ok = Pool_tools::load(path, pool, problems, warnings, verbose, is_description);
-    print_lines(warnings, "warning: ");
-    print_lines(problems, "error: ");
-    return ok;
+    Check::Loaded l = Check::load(path, pool, verbose);
+    for (const auto& d : l.duplicates)
+        l.warnings.append(QStringLiteral("%1: %2 at offset %3 has the id of %4 at offset %5")
+                              .arg(path, Pool_tools::label(pool.objects()[d.first]))
+                              .arg(l.source.offsets.value(d.first))
+                              .arg(Pool_tools::label(pool.objects()[d.second]))
+                              .arg(l.source.offsets.value(d.second)));
+    print_lines(l.warnings, "warning: ");
+    print_lines(l.problems, "error: ");
+    if (loaded)
+        *loaded = l;
+    return l.ok;
 }
 
 int cmd_build(const QStringList& args)
@@ -190,7 +210,7 @@ int cmd_build(const QStringList& args)
                                   {"--output", "--colours", "--small-fonts", "--large-fonts", "--font-styles",
                                    "--vt-version", "--design-size", "--mask-size", "--design-key-size", "--key-size",
                                    "--chunk"},
-                                  {"--verbose"});
+                                  {"--verbose", "--no-check"});
     if (!a.error.isEmpty())
         return usage_error("build", a.error);
     if (a.positional.size() != 1)
@@ -261,8 +281,11 @@ int cmd_build(const QStringList& args)
         return usage_error("build", "--chunk takes a positive number of bytes");
 
     Object_pool pool;
-    bool is_description = false;
-    if (!load_pool(a.positional[0], pool, a.flags.contains("--verbose"), &is_description))
+    Check::Loaded loaded;
+    if (!load_pool(a.positional[0], pool, a.flags.contains("--verbose"), &loaded))
+        return PROBLEM;
+    const bool is_description = loaded.is_description;
+    if (!Check::may_build(loaded, pool, int(version), !a.flags.contains("--no-check"), std::cerr))
         return PROBLEM;
     pool.set_serialisation_limits(limits);
     if (version) {
@@ -318,13 +341,13 @@ int cmd_build(const QStringList& args)
 
 int cmd_dump(const QStringList& args)
 {
-    Arguments a = parse_arguments(args, {}, {"--bytes"});
+    Arguments a = parse_arguments(args, {}, {"--bytes", "--verbose"});
     if (!a.error.isEmpty())
         return usage_error("dump", a.error);
     if (a.positional.size() != 1)
         return usage_error("dump", "give exactly one POOL");
     Object_pool pool;
-    bool ok = load_pool(a.positional[0], pool);
+    bool ok = load_pool(a.positional[0], pool, a.flags.contains("--verbose"));
     Debug::Text_dumper dumper(std::cout);
     for (VT_obj* obj : pool.objects()) {
         obj->print_me(std::cout, 0);
@@ -345,7 +368,8 @@ int cmd_source(const QStringList& args)
     if (!a.options.contains("--output"))
         return usage_error("source", "-o FILE.cpp is required");
     Object_pool pool;
-    if (!load_pool(a.positional[0], pool))
+    Check::Loaded loaded;
+    if (!load_pool(a.positional[0], pool, false, &loaded) || !Check::may_build(loaded, pool, 0, false, std::cerr))
         return PROBLEM;
     std::ostringstream text;
     QString error;
@@ -365,36 +389,29 @@ int cmd_source(const QStringList& args)
 
 int cmd_check(const QStringList& args)
 {
-    Arguments a = parse_arguments(args, {"--vt-version"}, {});
+    Arguments a = parse_arguments(args, {"--vt-version", "--format"}, {"--werror", "--verbose"});
     if (!a.error.isEmpty())
         return usage_error("check", a.error);
     if (a.positional.size() != 1)
         return usage_error("check", "give exactly one POOL");
+    Check::Check_request request;
+    request.path = a.positional[0];
     unsigned version = 0;
     if (a.options.contains("--vt-version") && (!parse_number(a.options["--vt-version"], 255, version) || version < 2))
         return usage_error("check", "--vt-version takes a VT version such as 3 or 6");
-    Object_pool pool;
-    if (!load_pool(a.positional[0], pool))
-        return PROBLEM;
-    Pool_tools::Check_result r = Pool_tools::check(pool, int(version));
-    for (const QString& p : r.problems)
-        std::cout << "problem: " << p.toStdString() << "\n";
-    std::cout << pool.size() << " objects, " << r.problems.size() << " problems\n";
-    if (r.needed_version) {
-        std::cout << "needs VT version " << r.needed_version << ", because of:\n";
-        const int shown = 20;
-        for (int i = 0; i < r.needing.size() && i < shown; ++i)
-            std::cout << "  " << r.needing[i].toStdString() << "\n";
-        if (r.needing.size() > shown)
-            std::cout << "  ... and " << r.needing.size() - shown << " more objects\n";
-    }
-    std::cout.flush();
-    return r.problems.isEmpty() ? OK : PROBLEM;
+    request.options.vt_version = int(version);
+    const QString format = a.options.value("--format", "text");
+    if (format != "text" && format != "json")
+        return usage_error("check", "--format takes text or json");
+    request.json = format == "json";
+    request.werror = a.flags.contains("--werror");
+    request.verbose = a.flags.contains("--verbose");
+    return Check::run_check(request, std::cout);
 }
 
 int cmd_pictures(const QStringList& args)
 {
-    Arguments a = parse_arguments(args, {"--output"}, {});
+    Arguments a = parse_arguments(args, {"--output"}, {"--verbose"});
     if (!a.error.isEmpty())
         return usage_error("pictures", a.error);
     if (a.positional.size() != 1)
@@ -402,17 +419,18 @@ int cmd_pictures(const QStringList& args)
     if (!a.options.contains("--output"))
         return usage_error("pictures", "-o DIR is required");
     Object_pool pool;
-    if (!load_pool(a.positional[0], pool))
+    if (!load_pool(a.positional[0], pool, a.flags.contains("--verbose")))
         return PROBLEM;
     QString dir = a.options["--output"];
     if (!QDir().mkpath(dir)) {
         std::cerr << "error: cannot create '" << dir.toStdString() << "'" << std::endl;
         return PROBLEM;
     }
-    QStringList problems;
-    QStringList written = Pictures::write_all(pool, dir, problems);
+    QStringList problems, warnings;
+    QStringList written = Pictures::write_all(pool, dir, problems, &warnings);
     for (const QString& w : written)
         std::cout << w.toStdString() << "\n";
+    print_lines(warnings, "warning: ");
     print_lines(problems, "error: ");
     std::cout << written.size() << " pictures written" << std::endl;
     return problems.isEmpty() ? OK : PROBLEM;
@@ -420,13 +438,13 @@ int cmd_pictures(const QStringList& args)
 
 int cmd_info(const QStringList& args)
 {
-    Arguments a = parse_arguments(args, {}, {});
+    Arguments a = parse_arguments(args, {}, {"--verbose"});
     if (!a.error.isEmpty())
         return usage_error("info", a.error);
     if (a.positional.size() != 1)
         return usage_error("info", "give exactly one POOL");
     Object_pool pool;
-    if (!load_pool(a.positional[0], pool))
+    if (!load_pool(a.positional[0], pool, a.flags.contains("--verbose")))
         return PROBLEM;
     Pool_tools::info(pool, std::cout);
     std::cout.flush();
@@ -460,6 +478,12 @@ int main(int argc, char** argv)
     }
     if (args.contains("--help") || args.contains("-h")) {
         std::cout << command_help().value(command).toStdString();
+        if (command == "check") {
+            std::cout << "\nRules:\n";
+            for (const Check::Rule& r : Check::rules())
+                std::cout << "  " << QString::fromLatin1(r.id).leftJustified(16).toStdString()
+                          << (r.severity == Check::Severity::error ? "error    " : "warning  ") << r.summary << "\n";
+        }
         return OK;
     }
     return commands.value(command)(args);
