@@ -227,20 +227,21 @@ void containment(Context& c)
             if (!child && r.id != VT_obj::NULL_ID)
                 continue; // not in the pool: missing-object says so
             const QString name = QString::fromUtf8(r.attribute);
-            const QString what = child ? label(child) : QStringLiteral("the NULL object");
-            const QString hint = QStringLiteral("move it into an object that may hold it");
+            auto what = [&] { return child ? label(child) : QStringLiteral("the NULL object"); };
             if (child_allowed(parent, child ? type_of(child) : 255u, r) == 0) {
-                c.report(i, name, what,
-                         QStringLiteral("'%1' holds %2, which %3 may not hold").arg(name, what, a(type_name(parent))), hint);
+                c.report(i, name, what(),
+                         QStringLiteral("'%1' holds %2, which %3 may not hold").arg(name, what(), a(type_name(parent))),
+                         QStringLiteral("move it into an object that may hold it"));
                 continue;
             }
             // An object pointer shows the object it points at in its place.
-            auto* pointer = child ? dynamic_cast<Base::Object_pointer_base_obj*>(child) : nullptr;
+            auto* pointer = child && type_of(child) == T(OBJECT_POINTER) ? dynamic_cast<Base::Object_pointer_base_obj*>(child)
+                                                                          : nullptr;
             VT_obj* shown = pointer ? c.find(pointer->get_value()) : nullptr;
             if (shown && child_allowed(parent, type_of(shown), r) == 0)
                 c.report(i, name, label(shown),
                          QStringLiteral("'%1' holds %2, which points at %3, which %4 may not hold")
-                             .arg(name, what, label(shown), a(type_name(parent))),
+                             .arg(name, what(), label(shown), a(type_name(parent))),
                          QStringLiteral("point at an object %1 may hold").arg(a(type_name(parent))));
         }
     }
@@ -412,6 +413,8 @@ void macro_commands(Context& c)
     for (int i = 0; i < c.size() && !c.full(); ++i) {
         const QByteArray& bytes = c.macro_bytes(i);
         for (const Macro_command& m : c.commands(i)) {
+            if (m.fact && m.fact->in_macros && !m.unknown_graphics && !m.truncated)
+                continue;
             const QString value = hex(uchar(bytes[m.offset]));
             const QString command =
                 QStringLiteral("%1 at byte %2").arg(QString::fromLatin1(Macro_commands::describe(m))).arg(m.offset);
@@ -441,17 +444,18 @@ void macro_targets(Context& c)
         for (const Macro_command& m : c.commands(i)) {
             if (!m.fact || m.truncated || !m.fact->in_macros)
                 continue;
-            const QString command =
-                QStringLiteral("%1 at byte %2").arg(QString::fromLatin1(Macro_commands::describe(m))).arg(m.offset);
+            auto command = [&] {
+                return QStringLiteral("%1 at byte %2").arg(QString::fromLatin1(Macro_commands::describe(m))).arg(m.offset);
+            };
             auto check = [&](const Macro_field& field, VT_obj* first) {
                 const int at = m.offset + field.offset;
-                const QString what = QString::fromLatin1(field.what);
+                const QLatin1String what(field.what);
                 if (field.kind == Macro_field::attribute_id) {
                     const unsigned aid = uchar(bytes[at]);
                     if (first && (aid == 0 || aid >= first->get_num_attributes_by_aid()))
                         c.report(i, QStringLiteral("bytes"), QString::number(aid),
                                  QStringLiteral("%1: %2 is %3, which %4 does not have")
-                                     .arg(command, what)
+                                     .arg(command(), what)
                                      .arg(aid)
                                      .arg(label(first)),
                                  QStringLiteral("%1 has attribute ids 1 to %2")
@@ -465,7 +469,7 @@ void macro_targets(Context& c)
                 VT_obj* target = c.find(id);
                 if (!target) {
                     c.report(i, QStringLiteral("bytes"), QString::number(id),
-                             QStringLiteral("%1: %2 is object %3, which is not in the pool").arg(command, what).arg(id),
+                             QStringLiteral("%1: %2 is object %3, which is not in the pool").arg(command(), what).arg(id),
                              QStringLiteral("name an object of the pool"));
                     return first;
                 }
@@ -474,7 +478,7 @@ void macro_targets(Context& c)
                 if (!fits)
                     c.report(i, QStringLiteral("bytes"), label(target),
                              QStringLiteral("%1: %2 is %3, but the command takes %4")
-                                 .arg(command, what, label(target),
+                                 .arg(command(), what, label(target),
                                       field.with_attribute ? QStringLiteral("an object with a %1").arg(field.with_attribute)
                                                            : a(type_names(field.accepted))),
                              QStringLiteral("name an object the command can change"));
@@ -691,57 +695,60 @@ void key_codes(Context& c)
     }
 }
 
+// Every reason object i needs a VT version for: its type, the children it holds, the values of
+// its attributes, the commands in its bytes. `need` is given the version, the attribute (or
+// null) and how to say why, which is asked only when the reason is shown.
+template <class Need>
+void needs_of(Context& c, int i, Need&& need)
+{
+    const VT_obj* obj = c.objects[i];
+    const unsigned type = type_of(obj);
+    if (int v = Pool_tools::type_version(type & 0xFF))
+        need(v, nullptr, [&] { return QStringLiteral("object type %1").arg(type_name(type)); });
+    if (has_child_rules(type))
+        for (const Object_reference& r : c.references(i)) {
+            VT_obj* child = c.find(r.id);
+            if (r.kind != Object_reference::CHILD || (!child && r.id != VT_obj::NULL_ID))
+                continue;
+            if (int v = child_allowed(type, child ? type_of(child) : 255u, r))
+                need(v, r.attribute.constData(), [&] {
+                    return QStringLiteral("holding %1").arg(child ? label(child) : QStringLiteral("the NULL object"));
+                });
+        }
+    for (int f = 0; f < value_version_count; ++f) {
+        const Value_version& v = value_versions[f];
+        qint64 value = 0;
+        if (v.type == type && number(obj, v.attribute, value) && (value & v.bits))
+            need(v.version, v.attribute, [&] { return QString::fromLatin1(v.meaning); });
+    }
+    for (const Macro_command& m : c.commands(i))
+        if (m.fact && m.fact->in_macros)
+            need(m.fact->version, "bytes",
+                 [&] { return QStringLiteral("%1 in its bytes").arg(QString::fromLatin1(Macro_commands::describe(m))); });
+}
+
 void vt_version(Context& c)
 {
-    struct Found
-    {
-        int version;
-        int object;
-        QString reason;
-        QString attribute;
-    };
-    QVector<Found> needs;
+    int needed = 0;
+    for (int i = 0; i < c.size(); ++i)
+        needs_of(c, i, [&](int v, const char*, const auto&) { needed = std::max(needed, v); });
+    c.result.needed_version = needed;
+    const int terminal = c.options.vt_version;
     for (int i = 0; i < c.size() && !c.full(); ++i) {
-        const VT_obj* obj = c.objects[i];
-        const unsigned type = type_of(obj);
-        if (int v = Pool_tools::type_version(type & 0xFF))
-            needs.append({v, i, QStringLiteral("object type %1").arg(type_name(type)), QString()});
-        if (has_child_rules(type))
-            for (const Object_reference& r : c.references(i)) {
-                VT_obj* child = c.find(r.id);
-                if (r.kind != Object_reference::CHILD || (!child && r.id != VT_obj::NULL_ID))
-                    continue;
-                if (int v = child_allowed(type, child ? type_of(child) : 255u, r))
-                    needs.append({v, i, QStringLiteral("holding %1").arg(child ? label(child) : QStringLiteral("the NULL object")),
-                                  QString::fromUtf8(r.attribute)});
-            }
-        for (int f = 0; f < value_version_count; ++f) {
-            const Value_version& v = value_versions[f];
-            qint64 value = 0;
-            if (v.type == type && number(obj, v.attribute, value) && (value & v.bits))
-                needs.append({v.version, i, QString::fromLatin1(v.meaning), QString::fromLatin1(v.attribute)});
-        }
-        for (const Macro_command& m : c.commands(i))
-            if (m.fact && m.fact->in_macros)
-                needs.append({m.fact->version, i,
-                              QStringLiteral("%1 in its bytes").arg(QString::fromLatin1(Macro_commands::describe(m))),
-                              QStringLiteral("bytes")});
+        // What decides the version, one entry per object with all its reasons (not for version
+        // 2, where every object would be one), and what the terminal lacks.
+        QStringList reasons;
+        needs_of(c, i, [&](int v, const char* attribute, const auto& why) {
+            if (v == needed && needed > 2 && !reasons.contains(why()))
+                reasons.append(why());
+            if (terminal > 0 && v > terminal)
+                c.report(i, QString::fromLatin1(attribute), QString::number(v),
+                         QStringLiteral("%1 needs VT version %2 (checking for %3)").arg(why()).arg(v).arg(terminal),
+                         QStringLiteral("leave it out for this terminal, or build for a terminal of VT version %1").arg(v));
+        });
+        if (!reasons.isEmpty())
+            c.result.deciding.append({needed, label(c.objects[i]), reasons.join(QStringLiteral(", ")), c.location(i)});
     }
-    for (const Found& n : needs)
-        c.result.needed_version = std::max(c.result.needed_version, n.version);
-    // What decides the version: one line per object, with all its reasons.
-    QMap<int, QStringList> deciding;
-    for (const Found& n : needs) {
-        if (n.version == c.result.needed_version && !deciding[n.object].contains(n.reason))
-            deciding[n.object].append(n.reason);
-        if (c.options.vt_version > 0 && n.version > c.options.vt_version)
-            c.report(n.object, n.attribute, QString::number(n.version),
-                     QStringLiteral("%1 needs VT version %2 (checking for %3)").arg(n.reason).arg(n.version).arg(c.options.vt_version),
-                     QStringLiteral("leave it out for this terminal, or build for a terminal of VT version %1").arg(n.version));
-    }
-    for (auto it = deciding.constBegin(); it != deciding.constEnd(); ++it)
-        c.result.deciding.append(
-            {c.result.needed_version, label(c.objects[it.key()]), it.value().join(QStringLiteral(", ")), c.location(it.key())});
 }
 
 #undef T
