@@ -11,8 +11,8 @@
 
 #include "fuzz/fuzz_exit.h"
 #include "fuzz/fuzz_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 #include "tools/check/Checker.h"
 #include "tools/check/Macro_commands.h"
 #include "tools/check/Read_diagnosis.h"

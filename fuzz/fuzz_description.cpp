@@ -7,8 +7,8 @@
 
 #include "fuzz/fuzz_exit.h"
 #include "fuzz/fuzz_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 
 namespace {
 

@@ -13,10 +13,12 @@
 #include <set>
 
 #include "test_support.h"
-#include "tools/Description.h"
-#include "tools/Object_factory.h"
-#include "tools/Pool_file.h"
-#include "tools/Pool_tools.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Object_factory.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/check/Structure_check.h"
+#include "tools/pool/Labels.h"
+#include "tools/pool/Object_references.h"
 #include "tools/check/Check_tool.h"
 #include "tools/check/Macro_commands.h"
 #include "tools/check/Object_facts.h"
@@ -174,7 +176,7 @@ TEST(Check, TheFactTablesNameAttributesTheClassesHave)
     // name the reference walk gives it; and every class with events has its events listed.
     int references_with_facts = 0;
     for (auto& m : made) {
-        for (const Object_reference& r : Pool_tools::references(*m.second))
+        for (const Object_reference& r : object_references(*m.second))
             references_with_facts += reference_fact(m.first, r.attribute.constData()) != nullptr;
         if (m.first < 64 && m.second->find_attribute("event_macro") >= 0) {
             EXPECT_NE(events_of(m.first), QStringLiteral("none")) << m.first;
@@ -233,7 +235,7 @@ TEST(Check, TheVersionOfEachTypeAtEveryBoundaryOfTheTypeTable)
                                                    {41, 5}, {45, 5}, {46, 6}, {47, 6}};
     for (const auto& b : boundaries) {
         SCOPED_TRACE(b.first);
-        EXPECT_EQ(Pool_tools::type_version(b.first), b.second);
+        EXPECT_EQ(Structure_check::type_version(b.first), b.second);
         const Object_factory::Entry* entry = Object_factory::find_for_pool(b.first);
         ASSERT_NE(entry, nullptr);
         Object_pool pool;
@@ -245,12 +247,12 @@ TEST(Check, TheVersionOfEachTypeAtEveryBoundaryOfTheTypeTable)
         // Version 2 every object decides: no object is named for it.
         ASSERT_EQ(r.deciding.size(), b.second > 2 ? 1 : 0);
         if (b.second > 2) {
-            EXPECT_EQ(r.deciding[0].object, Pool_tools::label(obj));
+            EXPECT_EQ(r.deciding[0].object, object_label(obj));
             EXPECT_TRUE(r.deciding[0].reason.startsWith("object type ")) << r.deciding[0].reason.toStdString();
         }
     }
     // 48 is no type of this catalogue: it needs no version, and pool bytes of it do not read.
-    EXPECT_EQ(Pool_tools::type_version(48), 0);
+    EXPECT_EQ(Structure_check::type_version(48), 0);
     EXPECT_EQ(Object_factory::find_for_pool(48), nullptr);
 }
 

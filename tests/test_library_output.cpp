@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "test_support.h"
-#include "tools/Library_output.h"
+#include "tools/pool/Library_output.h"
 
 using VT::Library_output;
 

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "test_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
-#include "tools/Pool_tools.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/check/Structure_check.h"
 
 using namespace VT;
 
@@ -46,7 +46,7 @@ TEST(ToolsCheck, ReportsChildrenTheRulesForbidAndTheVersionNeeded)
                         "check.xml"));
     ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
 
-    Pool_tools::Check_result r = Pool_tools::check(pool, 0);
+    Structure_check::Check_result r = Structure_check::check(pool, 0);
     EXPECT_EQ(r.problems, QStringList({"'outer' (Data_mask 0): 'inner' (Data_mask 1) may not be a child of Data_mask "
                                        "(in 'child_location')",
                                        "'keys' (Soft_key_mask 3): 'text' (Output_string 5) may not be a child of "
@@ -57,7 +57,7 @@ TEST(ToolsCheck, ReportsChildrenTheRulesForbidAndTheVersionNeeded)
     EXPECT_EQ(r.needing, QStringList({"'outer' (Data_mask 0): child 'gc' (Graphics_context 2)",
                                       "'gc' (Graphics_context 2): object type Graphics_context"}));
 
-    r = Pool_tools::check(pool, 3);
+    r = Structure_check::check(pool, 3);
     EXPECT_EQ(r.problems.size(), 4);
     EXPECT_TRUE(r.problems.contains("'gc' (Graphics_context 2): object type Graphics_context needs VT version 4 "
                                     "(checking for 3)"));
@@ -77,7 +77,7 @@ TEST(ToolsCheck, ReportsMissingObjectsAndMacros)
     Object_pool pool;
     QString error;
     ASSERT_TRUE(Pool_file::read(out_only, pool, &error)) << error.toStdString();
-    Pool_tools::Check_result r = Pool_tools::check(pool, 0);
+    Structure_check::Check_result r = Structure_check::check(pool, 0);
     EXPECT_EQ(r.problems,
               QStringList({"'Output_number_0' (Output_number 0): 'variable_reference' refers to missing object 2",
                            "'Output_number_0' (Output_number 0): event macro refers to missing macro 1"}));
@@ -87,7 +87,7 @@ TEST(ToolsCheck, ReportsMissingObjectsAndMacros)
     QByteArray with_variable = out_only + bytes.right(7);
     with_variable[with_variable.size() - 7] = 1; // the variable takes the macro's id
     ASSERT_TRUE(Pool_file::read(with_variable, wrong, &error)) << error.toStdString();
-    r = Pool_tools::check(wrong, 0);
+    r = Structure_check::check(wrong, 0);
     EXPECT_TRUE(r.problems.contains("'Output_number_0' (Output_number 0): event macro refers to "
                                     "'Number_variable_1' (Number_variable 1), which is not a macro"))
         << r.problems.join("\n").toStdString();

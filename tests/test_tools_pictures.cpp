@@ -8,10 +8,10 @@
 #include <QTemporaryDir>
 
 #include "test_support.h"
-#include "tools/Description.h"
-#include "tools/Picture_encoder.h"
-#include "tools/Pictures.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pictures/Picture_encoder.h"
+#include "tools/pictures/Pictures.h"
+#include "tools/pool/Pool_file.h"
 
 using namespace VT;
 

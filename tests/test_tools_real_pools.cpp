@@ -6,9 +6,10 @@
 #include <sstream>
 
 #include "test_support.h"
-#include "tools/Object_pool.h"
-#include "tools/Pool_file.h"
-#include "tools/Pool_tools.h"
+#include "tools/pool/Object_pool.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/check/Structure_check.h"
+#include "tools/pool/Labels.h"
 
 using VT::Object_pool;
 using VT::Pool_file;
@@ -49,13 +50,13 @@ TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
             int begin = report.offsets[i];
             int end = i + 1 < pool.size() ? report.offsets[i + 1] : input.size();
             EXPECT_EQ(Pool_file::object_bytes(*pool.objects()[i]), input.mid(begin, end - begin))
-                << VT::Pool_tools::label(pool.objects()[i]).toStdString();
+                << VT::object_label(pool.objects()[i]).toStdString();
         }
         EXPECT_EQ(Pool_file::write(pool), input);
         EXPECT_EQ(Pool_file::write_streamed(pool, 1785), input);
         EXPECT_EQ(Pool_file::write_streamed(pool, 8), input);
 
-        VT::Pool_tools::Check_result check = VT::Pool_tools::check(pool, 0);
+        VT::Structure_check::Check_result check = VT::Structure_check::check(pool, 0);
         EXPECT_TRUE(check.problems.isEmpty()) << check.problems.join("\n").toStdString();
         EXPECT_GE(check.needed_version, 2);
 

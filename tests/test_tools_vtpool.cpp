@@ -10,9 +10,9 @@
 #include <QTemporaryDir>
 
 #include "test_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
-#include "tools/Pool_tools.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/source/Source_generator.h"
 
 #include <sstream>
 
@@ -54,7 +54,7 @@ bool write_file(const QString& path, const QByteArray& content)
 
 TEST(ToolsVtpool, EveryCommandHasHelpAndBadUsageIsStatusTwo)
 {
-    for (const char* command : {"build", "dump", "source", "check", "pictures", "info"}) {
+    for (const char* command : {"build", "dump", "source", "check", "pictures", "info", "render"}) {
         Outcome r = vtpool({command, "--help"});
         EXPECT_EQ(r.status, 0) << command;
         EXPECT_TRUE(r.out.startsWith(QStringLiteral("usage: vtpool %1").arg(command))) << r.out.toStdString();
@@ -203,14 +203,14 @@ TEST(ToolsVtpool, SourceNeedsIdentifiersAndNamedReferences)
     ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
     std::ostringstream text;
     QString error;
-    EXPECT_FALSE(VT::Pool_tools::generate_source(pool, "names.xml", text, &error));
+    EXPECT_FALSE(VT::Source_generator::generate(pool, "names.xml", text, &error));
     EXPECT_EQ(error, "'delete' is not usable as a C++ name; "
                      "object name 'v_value' collides with the array of 'v' attribute 'value'");
 
     // References read from pool bytes carry ids only.
     VT::Object_pool from_bytes;
     ASSERT_TRUE(VT::Pool_file::read(VT::Pool_file::write(pool), from_bytes, &error));
-    EXPECT_FALSE(VT::Pool_tools::generate_source(from_bytes, "names.iop", text, &error));
+    EXPECT_FALSE(VT::Source_generator::generate(from_bytes, "names.iop", text, &error));
     EXPECT_EQ(error, "1 references name no object ('Output_number_0' (Output_number 0): 'variable_reference' refers "
                      "to object 2), as in pool bytes; generated source needs a pool description");
 }
@@ -329,4 +329,79 @@ TEST(ToolsVtpool, TheLibrarySpeaksOnceNamingTheObject)
                                               ": object 0 (id 0, type 11 Output_string) at byte offset 0: 'options' 200 "
                                               "is above its maximum 7, so 7 was kept")
                                                  .toStdString());
+}
+
+TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
+{
+    // The general help names every command; each command's help lists its options, and the
+    // command accepts every option listed there and no other.
+    const Outcome general = vtpool({"--help"});
+    QStringList commands;
+    for (const QString& line : general.out.split('\n'))
+        if (line.startsWith("  ") && !line.startsWith("   "))
+            commands.append(line.trimmed().section(' ', 0, 0));
+    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info"}));
+    for (const QString& command : commands) {
+        SCOPED_TRACE(command.toStdString());
+        const Outcome help = vtpool({command, "--help"});
+        QStringList listed;
+        for (const QString& line : help.out.split('\n')) {
+            if (!line.startsWith("  -"))
+                continue;
+            // "  -o, --output FILE   text": the last name. The "1" after it is its value, or a
+            // second positional argument for an option without one: bad usage, but not an
+            // unknown option.
+            const QStringList words = line.trimmed().split(' ', Qt::SkipEmptyParts);
+            int last = 0;
+            while (last + 1 < words.size() && words[last].endsWith(','))
+                ++last;
+            listed.append(words[last]);
+            const Outcome r = vtpool({command, "x.xml", words[last], "1"});
+            EXPECT_FALSE(r.err.contains("unknown option", Qt::CaseInsensitive))
+                << words[last].toStdString() << ": " << r.err.toStdString();
+        }
+        for (const char* option : {"--output", "--colours", "--bytes", "--vt-version", "--chunk"})
+            if (!listed.contains(option)) {
+                const Outcome r = vtpool({command, "x.xml", option, "1"});
+                EXPECT_EQ(r.status, 2) << option;
+                EXPECT_TRUE(r.err.contains(QStringLiteral("unknown option %1").arg(option))) << r.err.toStdString();
+            }
+    }
+}
+
+TEST(ToolsVtpool, BadCommandLinesNameTheOptionAtFault)
+{
+    struct Case
+    {
+        QStringList args;
+        const char* error;
+    } const cases[] = {
+        {{"build", "a.xml", "-o"}, "vtpool build: --output needs a value"},
+        {{"build", "a.xml", "-o", "a.iop", "--output", "b.iop"}, "vtpool build: --output given twice"},
+        {{"build", "a.xml"}, "vtpool build: -o POOL.iop is required"},
+        {{"source", "a.xml"}, "vtpool source: -o FILE.cpp is required"},
+        {{"pictures", "a.xml", "b.xml", "-o", "d"}, "vtpool pictures: give exactly one POOL"},
+        {{"dump", "a.xml", "-x"}, "vtpool dump: unknown option -x"},
+        {{"dump", "a.xml", "--bogus=3"}, "vtpool dump: unknown option --bogus"},
+        {{"dump", "a.xml", "--bytes=1"}, "vtpool dump: --bytes takes no value"},
+        {{"check", "a.xml", "--colours", "16"}, "vtpool check: unknown option --colours"},
+        {{"check", "a.xml", "--vt-version", "1"}, "vtpool check: --vt-version takes a VT version such as 3 or 6"},
+        {{"build", "a.xml", "-o", "a.iop", "--key-size", "90x120"},
+         "vtpool build: --key-size and --design-key-size go together"},
+        {{"build", "a.xml", "-o", "a.iop", "--small-fonts", "0x100"},
+         "vtpool build: --small-fonts takes a mask from 0 to 255"},
+        {{"build", "a.xml", "-o", "a.iop", "--chunk", "0"}, "vtpool build: --chunk takes a positive number of bytes"},
+    };
+    for (const Case& c : cases) {
+        const Outcome r = vtpool(c.args);
+        EXPECT_EQ(r.status, 2) << c.error;
+        EXPECT_TRUE(r.err.startsWith(QStringLiteral("%1\n(vtpool ").arg(c.error))) << r.err.toStdString();
+    }
+    // A value may follow its option after '=' or be the next argument, even one starting with '-'.
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString xml = QStringLiteral(VT_TEST_DATA_DIR "/tools/variables.xml");
+    EXPECT_EQ(vtpool({"build", xml, "--output=" + tmp.filePath("a.iop"), "--no-check"}).status, 0);
+    EXPECT_EQ(vtpool({"build", "--chunk", "7", xml, "-o", tmp.filePath("-b.iop"), "--no-check"}).status, 0);
+    EXPECT_EQ(read_file(tmp.filePath("a.iop")), read_file(tmp.filePath("-b.iop")));
 }

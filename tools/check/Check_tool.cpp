@@ -1,7 +1,8 @@
 #include "tools/check/Check_tool.h"
 
-#include "tools/Pool_tools.h"
 #include "tools/check/Report.h"
+#include "tools/check/Rules.h"
+#include "tools/pool/Pool_loader.h"
 
 namespace VT {
 namespace Check {
@@ -11,7 +12,7 @@ Loaded load(const QString& path, Object_pool& pool, bool verbose)
     Loaded l;
     Pool_file::Read_report report;
     report.keep_duplicate_ids = true;
-    l.ok = Pool_tools::load(path, pool, l.problems, l.warnings, verbose, &l.is_description, &report);
+    l.ok = Pool_loader::load(path, pool, l.problems, l.warnings, verbose, &l.is_description, &report);
     l.source.file = path;
     if (!l.is_description)
         l.source.offsets = report.offsets;
@@ -56,8 +57,8 @@ bool may_build(const Loaded& loaded, Object_pool& pool, int vt_version, bool rul
         const VT_obj* later = pool.objects()[d.first];
         const VT_obj* earlier = pool.objects()[d.second];
         err << "error: " << loaded.source.file.toStdString() << ": id " << later->get_id() << " is used by "
-            << Pool_tools::label(const_cast<VT_obj*>(earlier)).toStdString() << " at offset " << loaded.source.offsets.value(d.second) << " and by "
-            << Pool_tools::label(const_cast<VT_obj*>(later)).toStdString() << " at offset " << loaded.source.offsets.value(d.first) << "\n";
+            << label(earlier).toStdString() << " at offset " << loaded.source.offsets.value(d.second) << " and by "
+            << label(later).toStdString() << " at offset " << loaded.source.offsets.value(d.first) << "\n";
     }
     if (!loaded.duplicates.isEmpty()) {
         err << "not built: a terminal takes one object per id" << std::endl;

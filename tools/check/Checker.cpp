@@ -35,7 +35,7 @@ int Result::count(Severity s) const
 
 QString label(const VT_obj* obj)
 {
-    return Pool_tools::label(const_cast<VT_obj*>(obj));
+    return object_label(const_cast<VT_obj*>(obj));
 }
 
 Context::Context(Object_pool& pool, const Source& source, const Options& options)
@@ -58,7 +58,7 @@ const QVector<Object_reference>& Context::references(int i)
 {
     std::unique_ptr<QVector<Object_reference>>& r = refs[size_t(i)];
     if (!r)
-        r.reset(new QVector<Object_reference>(Pool_tools::references(*objects[i])));
+        r.reset(new QVector<Object_reference>(object_references(*objects[i])));
     return *r;
 }
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QVector>
 
-#include "tools/Object_pool.h"
+#include "tools/pool/Object_pool.h"
 
 // Checks a pool against what a terminal expects of it, without a terminal: every rule of
 // Rules.cpp, each with an id, a severity and a one-line finding that names the object, the

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "tools/Object_factory.h"
+#include "tools/pool/Object_factory.h"
 #include "tools/check/Checker.h"
 
 namespace VT {

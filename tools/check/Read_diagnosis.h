@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVector>
 
-#include "tools/Pool_file.h"
+#include "tools/pool/Pool_file.h"
 
 // When pool bytes stop reading, the object at fault is often well before the point where
 // they stop: an object longer or shorter than its layout sends the reader into the next

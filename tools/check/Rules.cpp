@@ -19,11 +19,6 @@ unsigned type_of(const VT_obj* obj)
     return unsigned(obj->get_type());
 }
 
-QString type_name(unsigned type)
-{
-    return QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(type)));
-}
-
 // The value of a numeric attribute, by name.
 bool number(const VT_obj* obj, const char* attribute, qint64& out)
 {
@@ -703,7 +698,7 @@ void needs_of(Context& c, int i, Need&& need)
 {
     const VT_obj* obj = c.objects[i];
     const unsigned type = type_of(obj);
-    if (int v = Pool_tools::type_version(type & 0xFF))
+    if (int v = Structure_check::type_version(type & 0xFF))
         need(v, nullptr, [&] { return QStringLiteral("object type %1").arg(type_name(type)); });
     if (has_child_rules(type))
         for (const Object_reference& r : c.references(i)) {

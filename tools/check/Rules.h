@@ -7,7 +7,9 @@
 #include <memory>
 #include <vector>
 
-#include "tools/Pool_tools.h"
+#include "tools/check/Structure_check.h"
+#include "tools/pool/Labels.h"
+#include "tools/pool/Object_references.h"
 #include "tools/check/Checker.h"
 #include "tools/check/Macro_commands.h"
 

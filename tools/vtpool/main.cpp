@@ -1,0 +1,68 @@
+// vtpool: builds, inspects and checks ISO 11783-6 object pools from pool descriptions (XML)
+// or pool files. Exit status: 0 fine, 1 a problem was found, 2 bad usage.
+//
+// Each command is one file of this folder that returns its Command; the table below lists
+// them, and help texts, parsing and the checks of the command line all come from it.
+#include <QCoreApplication>
+#include <iostream>
+
+#include "tools/vtpool/Command.h"
+
+namespace Vtpool {
+
+Command build_command();
+Command dump_command();
+Command source_command();
+Command check_command();
+Command pictures_command();
+Command info_command();
+Command render_command();
+
+const std::vector<Command>& commands()
+{
+    static const std::vector<Command> table{
+        build_command(), dump_command(), source_command(), check_command(), pictures_command(), render_command(), info_command(),
+    };
+    return table;
+}
+
+namespace {
+
+int run(const QStringList& arguments)
+{
+    QStringList args = arguments;
+    if (args.isEmpty()) {
+        std::cerr << general_help().toStdString();
+        return USAGE;
+    }
+    const QString name = args.takeFirst();
+    if (name == "--help" || name == "-h" || name == "help") {
+        std::cout << general_help().toStdString();
+        return OK;
+    }
+    for (const Command& command : commands()) {
+        if (name != command.name)
+            continue;
+        if (args.contains("--help") || args.contains("-h")) {
+            std::cout << command_help(command).toStdString();
+            return OK;
+        }
+        Invocation in(command, args);
+        return in.read() ? command.run(in) : USAGE;
+    }
+    std::cerr << "vtpool: unknown command '" << name.toStdString() << "'\n\n" << general_help().toStdString();
+    return USAGE;
+}
+
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args.append(QString::fromLocal8Bit(argv[i]));
+    return Vtpool::run(args);
+}
