@@ -16,7 +16,6 @@
 #include "tools/description/Description.h"
 #include "tools/pool/Object_factory.h"
 #include "tools/pool/Pool_file.h"
-#include "tools/check/Structure_check.h"
 #include "tools/pool/Labels.h"
 #include "tools/pool/Object_references.h"
 #include "tools/check/Check_tool.h"
@@ -235,7 +234,7 @@ TEST(Check, TheVersionOfEachTypeAtEveryBoundaryOfTheTypeTable)
                                                    {41, 5}, {45, 5}, {46, 6}, {47, 6}};
     for (const auto& b : boundaries) {
         SCOPED_TRACE(b.first);
-        EXPECT_EQ(Structure_check::type_version(b.first), b.second);
+        EXPECT_EQ(type_version(b.first), b.second);
         const Object_factory::Entry* entry = Object_factory::find_for_pool(b.first);
         ASSERT_NE(entry, nullptr);
         Object_pool pool;
@@ -252,7 +251,7 @@ TEST(Check, TheVersionOfEachTypeAtEveryBoundaryOfTheTypeTable)
         }
     }
     // 48 is no type of this catalogue: it needs no version, and pool bytes of it do not read.
-    EXPECT_EQ(Structure_check::type_version(48), 0);
+    EXPECT_EQ(type_version(48), 0);
     EXPECT_EQ(Object_factory::find_for_pool(48), nullptr);
 }
 

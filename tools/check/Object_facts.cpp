@@ -23,6 +23,23 @@ QString type_names(Type_set set)
     return names.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
 }
 
+// --- VT versions of object types -------------------------------------------------------------
+
+int type_version(unsigned type)
+{
+    if (type <= T(AUXILIARY_INPUT))
+        return 2;
+    if (type <= T(AUXILIARY_TYPE2_CONTROL_DESIGNATOR))
+        return 3;
+    if (type <= T(OBJECT_LABELREF_LIST))
+        return 4;
+    if (type <= T(COLOUR_PALETTE))
+        return 5;
+    if (type <= T(WORKING_SET_SPECIAL_CONTROLS))
+        return 6;
+    return 0;
+}
+
 // --- Where a terminal starts ---------------------------------------------------------------
 
 bool is_root(unsigned type)

@@ -28,6 +28,12 @@ inline bool holds(Type_set set, unsigned type)
 // The names of the types of a set: "Data_mask or Alarm_mask".
 QString type_names(Type_set set);
 
+// --- VT versions of object types -------------------------------------------------------------
+
+// The VT version that introduced an object type (0 for the system's own types): each version
+// added the types numbered after the last type of the version before.
+int type_version(unsigned type);
+
 // --- Where a terminal starts ---------------------------------------------------------------
 
 // Objects a terminal reaches without another object naming them: the working set, the masks,

@@ -698,7 +698,7 @@ void needs_of(Context& c, int i, Need&& need)
 {
     const VT_obj* obj = c.objects[i];
     const unsigned type = type_of(obj);
-    if (int v = Structure_check::type_version(type & 0xFF))
+    if (int v = type_version(type & 0xFF))
         need(v, nullptr, [&] { return QStringLiteral("object type %1").arg(type_name(type)); });
     if (has_child_rules(type))
         for (const Object_reference& r : c.references(i)) {

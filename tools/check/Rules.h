@@ -7,7 +7,6 @@
 #include <memory>
 #include <vector>
 
-#include "tools/check/Structure_check.h"
 #include "tools/pool/Labels.h"
 #include "tools/pool/Object_references.h"
 #include "tools/check/Checker.h"

@@ -3,7 +3,7 @@
 #include <QSet>
 #include <iostream>
 
-#include "tools/check/Structure_check.h"
+#include "tools/check/Object_facts.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/terminal/Terminal_limits.h"
 #include "tools/vtpool/Terminal_options.h"
@@ -34,7 +34,7 @@ int run(Invocation& in)
         pool.set_negotiated_version(uint8_t(terminal.vt_version));
         QSet<uint8_t> types;
         for (unsigned t = 0; t < 256; ++t)
-            if (int needs = VT::Structure_check::type_version(t))
+            if (int needs = VT::Check::type_version(t))
                 if (needs <= terminal.vt_version)
                     types.insert(uint8_t(t));
         pool.set_supported_types(types);
