@@ -11,13 +11,13 @@
 
 #include "fuzz/fuzz_exit.h"
 #include "fuzz/fuzz_support.h"
-#include "tools/description/Description.h"
-#include "tools/pool/Pool_file.h"
 #include "tools/check/Checker.h"
 #include "tools/check/Macro_commands.h"
 #include "tools/check/Read_diagnosis.h"
 #include "tools/check/Report.h"
 #include "tools/check/Rules.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 
 namespace {
 

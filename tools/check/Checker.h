@@ -71,7 +71,7 @@ struct Result
 {
     QVector<Finding> findings; // errors first, then warnings; each group in pool order
     int objects = 0;
-    int needed_version = 0;   // the lowest VT version the pool needs (0: none of the standard's objects)
+    int needed_version = 0;   // the lowest VT version the pool needs (0: no object of an ISO 11783-6 type)
     // What decides that version, one entry per object, in pool order; empty for version 2,
     // which every object would decide.
     QVector<Need> deciding;

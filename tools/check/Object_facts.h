@@ -12,7 +12,7 @@
 namespace VT {
 namespace Check {
 
-// A set of object types (the standard ones, below 64), as a bit mask.
+// A set of object types (those of ISO 11783-6, below 64), as a bit mask.
 typedef uint64_t Type_set;
 constexpr Type_set types(std::initializer_list<unsigned> list)
 {

@@ -62,9 +62,10 @@ QString a(const QString& name)
     return (QStringLiteral("AEIOU").contains(name.left(1)) ? QStringLiteral("an ") : QStringLiteral("a ")) + name;
 }
 
+// "0x0A"
 QString hex(unsigned v)
 {
-    return QStringLiteral("0x%1").arg(v, 2, 16, QLatin1Char('0')).toUpper().replace(QLatin1String("0X"), QLatin1String("0x"));
+    return QStringLiteral("0x") + QString::number(v, 16).toUpper().rightJustified(2, QLatin1Char('0'));
 }
 
 // A reference's attribute as the fact tables name it: the members of a label reference
