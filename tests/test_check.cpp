@@ -9,21 +9,24 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
+#include <QTemporaryDir>
 #include <map>
+#include <sstream>
 #include <set>
 
 #include "test_support.h"
-#include "tools/description/Description.h"
-#include "tools/pool/Object_factory.h"
-#include "tools/pool/Pool_file.h"
-#include "tools/pool/Labels.h"
-#include "tools/pool/Object_references.h"
 #include "tools/check/Check_tool.h"
 #include "tools/check/Macro_commands.h"
 #include "tools/check/Object_facts.h"
 #include "tools/check/Read_diagnosis.h"
 #include "tools/check/Report.h"
 #include "tools/check/Rules.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Labels.h"
+#include "tools/pool/Object_factory.h"
+#include "tools/pool/Object_references.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/pool/Pool_loader.h"
 
 using namespace VT;
 using namespace VT::Check;
@@ -436,4 +439,77 @@ TEST(Check, ObjectsSharingAnIdAreKeptAndFound)
     f.seek(0);
     EXPECT_FALSE(Pool_file::read(f.readAll(), strict, &error));
     EXPECT_TRUE(error.endsWith("id 4 is already used by an earlier object")) << error.toStdString();
+}
+
+TEST(Check, TheTextReportGroupsBySeverityAndSaysWhatDecidesTheVersion)
+{
+    Result r;
+    r.objects = 1;
+    Finding warning;
+    warning.rule = "unreachable";
+    warning.severity = Severity::warning;
+    warning.object_id = 3;
+    warning.object_name = "lost";
+    warning.object_type = "Output_string";
+    warning.location = {"p.xml", 9, -1};
+    warning.message = "nothing reaches it";
+    Finding error;
+    error.rule = "one-working-set";
+    error.location.file = "p.xml";
+    error.message = "the pool has no Working_set";
+    error.hint = "add one";
+    r.findings = {error, warning};
+    r.needed_version = 4;
+    for (int i = 0; i < 3; ++i)
+        r.deciding.append({4, QStringLiteral("'gc%1' (Graphics_context %1)").arg(i), "object type Graphics_context",
+                           Location{"p.iop", 0, 10 * i}});
+    Options options;
+    options.vt_version = 3;
+    std::ostringstream text;
+    Report::text(r, options, text, 2);
+    EXPECT_EQ(text.str(), "error: p.xml: the pool has no Working_set [one-working-set]\n"
+                          "  hint: add one\n"
+                          "warning: p.xml:9: 'lost' (Output_string 3): nothing reaches it [unreachable]\n"
+                          "1 object: 1 error, 1 warning (checked for VT version 3)\n"
+                          "needs VT version 4, because of:\n"
+                          "  p.iop, offset 0: 'gc0' (Graphics_context 0): object type Graphics_context\n"
+                          "  p.iop, offset 10: 'gc1' (Graphics_context 1): object type Graphics_context\n"
+                          "  ... and 1 more\n");
+}
+
+TEST(Check, TheLoaderNamesTheObjectAtFaultAndDropsWhatWasMisread)
+{
+    test::Dprint_capture quiet;
+    int at = 0, length = 0;
+    QByteArray bytes = pool_with_a_graphics_context(&at, &length);
+    // Four bytes more in the graphics context, which read as the header of an input string
+    // (id 42, type 8) whose options, read from the next object's bytes, are out of range.
+    bytes.insert(at + length, QByteArray::fromHex("2A000807"));
+    {
+        Object_pool misread;
+        Pool_file::Read_report report;
+        EXPECT_FALSE(Pool_file::read(bytes, misread, nullptr, &report));
+        ASSERT_EQ(report.clamped.size(), 1);
+        EXPECT_TRUE(report.clamped[0].endsWith("'options' 160 is above its maximum 7, so 7 was kept"))
+            << report.clamped[0].toStdString();
+    }
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString path = tmp.filePath("gc.iop");
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size());
+    f.close();
+    Object_pool pool;
+    QStringList problems, warnings;
+    EXPECT_FALSE(Pool_loader::load(path, pool, problems, warnings));
+    ASSERT_EQ(problems.size(), 2) << problems.join("\n").toStdString();
+    EXPECT_EQ(problems[1].toStdString(),
+              (path + QStringLiteral(": Graphics_context 36000 at offset %1 is probably %2 bytes long, not %3: with that "
+                                     "length the rest of the pool reads")
+                          .arg(at)
+                          .arg(length + 4)
+                          .arg(length))
+                  .toStdString());
+    EXPECT_TRUE(warnings.isEmpty()) << "what was clamped in misread objects says nothing: "
+                                    << warnings.join("\n").toStdString();
 }
