@@ -85,7 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         report.keep_duplicate_ids = true;
         if (!VT::Pool_file::read(input, pool, &error, &report)) {
             VT::Check::Suspect s;
-            if (size <= (16u << 10) && VT::Check::Read_diagnosis::diagnose(input, report, &s)) {
+            if (size <= (4u << 10) && VT::Check::Read_diagnosis::diagnose(input, report, &s)) {
                 FUZZ_CHECK(s.index >= 0 && s.index <= report.offsets.size());
                 FUZZ_CHECK(s.offset == (s.index < report.offsets.size() ? report.offsets[s.index] : report.stopped_at));
                 FUZZ_CHECK(s.fitting_length != s.read_length);
