@@ -5,9 +5,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <cstring>
-#include <iostream>
 #include <memory>
-#include <sstream>
 
 #include "tools/description/Values.h"
 #include "tools/description/Xml_reader.h"

@@ -2,7 +2,6 @@
 // (Description::make_node).
 #include <QString>
 #include <cstring>
-#include <iostream>
 #include <limits>
 
 #include "tools/description/Description.h"
