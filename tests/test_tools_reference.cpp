@@ -103,7 +103,7 @@ TEST(ToolsReference, MeaningsNameTheBitsAndValues)
     const QString text = VT::Reference::attributes_text(*VT::class_facts("Output_number"));
     EXPECT_TRUE(text.contains("no_decimals (also number_of_decimals)")) << text.toStdString();
     EXPECT_TRUE(text.contains("bit 1  leading zeros")) << text.toStdString();
-    EXPECT_TRUE(text.contains("24  On Key Press")) << text.toStdString();
+    EXPECT_TRUE(text.contains("Events it raises (event_id of <Event_macro>): ")) << text.toStdString();
     EXPECT_TRUE(VT::Reference::types_text().contains("Window_mask                         4"));
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "tools/check/Object_facts.h"
 #include "tools/describe/Xml_text.h"
 #include "tools/pictures/Picture_encoder.h"
 #include "tools/reference/Attribute_meanings.h"
@@ -101,6 +102,20 @@ Picture_choice png_choice(Base::PNG_obj& png, const QByteArray& data)
         c.file = data;
     }
     return c;
+}
+
+// What an event macro's event is, for the comment before it.
+QByteArray event_text(unsigned type, unsigned event)
+{
+    switch (Check::event_kind(event)) {
+    case Check::Event_kind::defined:
+        return QByteArray(Check::event_name(event)) +
+               (Check::raises(type, event) ? "" : ": an event this object does not raise");
+    case Check::Event_kind::proprietary: return "a proprietary event";
+    case Check::Event_kind::extended_reference: return "an extended macro reference";
+    case Check::Event_kind::reserved: break;
+    }
+    return "a reserved event";
 }
 
 class Writer
@@ -269,14 +284,12 @@ void Writer::list(VT_obj* obj, const Class_facts& facts, const Attribute_facts& 
             e.add_child(item);
         }
     } else if (auto* macros = dynamic_cast<Attribute_list<Attribute_event_macro>*>(a)) {
-        const Attribute_meanings* events = attribute_meanings(facts.type, "event_macro.event_id");
         for (uint32_t k = 0; k < macros->held(); ++k) {
             const Attribute_event_macro& m = (*macros)[k];
             Xml_text item("Event_macro");
             item.set_verbatim("event_id", QByteArray::number(m.get_event_id()));
             item.set("macro_id", macro(m.get_macro_id()));
-            if (events)
-                item.comment(events->explain(m.get_event_id()).toUtf8());
+            item.comment(event_text(facts.type, m.get_event_id()));
             e.add_child(item);
         }
     } else if (auto* languages = dynamic_cast<Attribute_list<Attribute_lang>*>(a)) {

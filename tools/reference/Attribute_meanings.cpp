@@ -126,35 +126,6 @@ const Value_meaning context_options[] = {{1, 1, "transparent"},
 const Value_meaning animation_options[] = {{1, 1, "loops (else plays once)"},
                                            {2, 2, "shows the default child when disabled (else pauses)"}};
 const Value_meaning external_options[] = {{1, 1, "enabled"}};
-const Value_meaning event_ids[] = {{0xFF, 1, "On Activate"},
-                                   {0xFF, 2, "On Deactivate"},
-                                   {0xFF, 3, "On Show"},
-                                   {0xFF, 4, "On Hide"},
-                                   {0xFF, 5, "On Enable"},
-                                   {0xFF, 6, "On Disable"},
-                                   {0xFF, 7, "On Change Active Mask"},
-                                   {0xFF, 8, "On Change Soft Key Mask"},
-                                   {0xFF, 9, "On Change Attribute"},
-                                   {0xFF, 10, "On Change Background Colour"},
-                                   {0xFF, 11, "On Change Font Attributes"},
-                                   {0xFF, 12, "On Change Line Attributes"},
-                                   {0xFF, 13, "On Change Fill Attributes"},
-                                   {0xFF, 14, "On Change Child Location"},
-                                   {0xFF, 15, "On Change Size"},
-                                   {0xFF, 16, "On Change Value"},
-                                   {0xFF, 17, "On Change Priority"},
-                                   {0xFF, 18, "On Change End Point"},
-                                   {0xFF, 19, "On Input Field Selection"},
-                                   {0xFF, 20, "On Input Field Deselection"},
-                                   {0xFF, 21, "On ESC"},
-                                   {0xFF, 22, "On Entry of a Value"},
-                                   {0xFF, 23, "On Entry of a New Value"},
-                                   {0xFF, 24, "On Key Press"},
-                                   {0xFF, 25, "On Key Release"},
-                                   {0xFF, 26, "On Change Child Position"},
-                                   {0xFF, 27, "On Pointing Event Press"},
-                                   {0xFF, 28, "On Pointing Event Release"}};
-
 struct Row
 {
     unsigned type; // ANY_TYPE: every type
@@ -168,7 +139,6 @@ const unsigned ANY_TYPE = ~0u;
 #define VALUES(set) {Attribute_meanings::VALUES, set, int(std::size(set))}
 
 const Row rows[] = {
-    {ANY_TYPE, "event_macro.event_id", VALUES(event_ids)},
     {ANY_TYPE, "horizontal_justification", BITS(justification)},
     {T::TYPE_WORKING_SET, "selectable", VALUES(no_yes)},
     {T::TYPE_ALARM_MASK, "priority", VALUES(priority)},

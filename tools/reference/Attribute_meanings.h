@@ -35,7 +35,7 @@ struct Attribute_meanings
 };
 
 // The meanings of attribute `name` of objects of `full_type`, or null. Items of lists are named
-// "list.member": "event_macro.event_id", "labelrefs.font_type".
+// "list.member": "labelrefs.font_type". (Event ids are named by the check's facts.)
 const Attribute_meanings* attribute_meanings(unsigned full_type, const char* name);
 
 }

@@ -3,7 +3,7 @@
 #include <QHash>
 #include <memory>
 
-#include "tools/check/Structure_check.h"
+#include "tools/check/Object_facts.h"
 
 namespace VT {
 
@@ -150,7 +150,7 @@ std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
     facts->entry = &entry;
     facts->type = entry.type;
     facts->name = entry.name();
-    facts->vt_version = Structure_check::type_version(entry.type);
+    facts->vt_version = Check::type_version(entry.type & 0xFF);
     std::unique_ptr<VT_obj> obj(entry.make(nullptr));
     obj->lock();
     Empty_node empty;

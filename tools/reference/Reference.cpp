@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "tools/check/Object_facts.h"
 #include "tools/description/Attribute_names.h"
 #include "tools/reference/Attribute_meanings.h"
 
@@ -91,6 +92,28 @@ Table attribute_rows(const Class_facts& facts)
     return rows;
 }
 
+// The events event macros name, by id: "On Key Press (24)".
+QStringList event_names()
+{
+    QStringList names;
+    for (unsigned e = 0; e < 256; ++e)
+        if (Check::event_kind(e) == Check::Event_kind::defined)
+            names.append(QString::fromLatin1(Check::event_name(e)));
+    return names;
+}
+
+// The VT version that bits of a value of an attribute need, where some do.
+int bits_version(unsigned type, const QByteArray& attribute, uint32_t bits)
+{
+    int version = 0;
+    for (int i = 0; i < Check::value_version_count; ++i) {
+        const Check::Value_version& v = Check::value_versions[i];
+        if (v.type == type && attribute == v.attribute && (v.bits & bits))
+            version = std::max(version, v.version);
+    }
+    return version;
+}
+
 // How each list is written in a description: "child_location: <place object x_location ...>".
 QStringList list_syntax(const Class_facts& facts)
 {
@@ -132,8 +155,13 @@ QVector<Meaning_block> meaning_blocks(const Class_facts& facts)
                                                   m->kind == Attribute_meanings::BITS ? "bits" : "values");
         if (m->note)
             b.heading += QStringLiteral(": %1").arg(QString::fromLatin1(m->note));
-        for (int i = 0; i < m->count; ++i)
-            b.lines.append({m->condition(m->entries[i]), QString::fromLatin1(m->entries[i].text)});
+        for (int i = 0; i < m->count; ++i) {
+            QString text = QString::fromLatin1(m->entries[i].text);
+            if (m->kind == Attribute_meanings::BITS && m->entries[i].match)
+                if (int v = bits_version(facts.type, name, m->entries[i].match))
+                    text += QStringLiteral(" (VT version %1)").arg(v);
+            b.lines.append({m->condition(m->entries[i]), text});
+        }
         blocks.append(b);
     };
     for (const Attribute_facts& f : facts.attributes)
@@ -188,16 +216,6 @@ Table type_rows()
     return rows;
 }
 
-Table event_rows()
-{
-    const Attribute_meanings* events = attribute_meanings(VT_obj_type::TYPE_DATA_MASK, "event_macro.event_id");
-    Table rows;
-    rows.append(QStringList{"event_id", "event"});
-    for (int i = 0; events && i < events->count; ++i)
-        rows.append({events->condition(events->entries[i]), QString::fromLatin1(events->entries[i].text)});
-    return rows;
-}
-
 bool has_macros(const Class_facts& facts)
 {
     const Attribute_facts* f = facts.find("event_macro");
@@ -230,12 +248,7 @@ QString Reference::attributes_text(const Class_facts& facts)
             out += plain_table(rows);
     }
     if (has_macros(facts))
-    {
-        Table rows = event_rows().mid(1);
-        for (QStringList& r : rows)
-            r[0].prepend("  ");
-        out += "\nevent_macro.event_id (values)\n" + plain_table(rows);
-    }
+        out += "\nEvents it raises (event_id of <Event_macro>): " + Check::events_of(facts.type) + "\n";
     return out;
 }
 
@@ -255,7 +268,8 @@ QString Reference::markdown()
         "Types without a VT version (-) are this system's own.\n\n"
         "## Types\n\n");
     out += markdown_table(type_rows());
-    out += "\n## Events\n\nThe `event_id` of `<Event_macro>` items.\n\n" + markdown_table(event_rows());
+    out += "\n## Events\n\nThe `event_id` of `<Event_macro>` items: " + event_names().join(", ") +
+           "; 240 to 254 are proprietary.\n";
     for (const Class_facts* c : all_class_facts()) {
         out += QStringLiteral("\n## %1\n\nType %2, %3.\n\n")
                    .arg(QString::fromLatin1(c->name), type_text(*c),
@@ -273,6 +287,8 @@ QString Reference::markdown()
             for (const auto& l : b.lines)
                 out += "- " + l.first + ": " + l.second + "\n";
         }
+        if (has_macros(*c))
+            out += "\nEvents it raises: " + Check::events_of(c->type) + ".\n";
     }
     return out;
 }
