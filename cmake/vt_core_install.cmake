@@ -1,8 +1,8 @@
 # Installing vt_core: the library and its headers, the host library vt_host and its headers,
-# vtpool, a CMake package (vt_core::vt_core, vt_core::vt_host, vt_core::vtpool) and pkg-config
-# files; and, from the same rules, the Debian package that CPack builds. Everything installed
-# finds the rest relative to where it lands, so an installed tree can be moved and never refers
-# back to the build.
+# vtpool with its man page and bash completion, a CMake package (vt_core::vt_core,
+# vt_core::vt_host, vt_core::vtpool) and pkg-config files; and, from the same rules, the Debian
+# package that CPack builds. Everything installed finds the rest relative to where it lands, so
+# an installed tree can be moved and never refers back to the build.
 include(CMakePackageConfigHelpers)
 
 set(VT_CORE_INSTALL_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/vt_core)
@@ -35,6 +35,25 @@ if(TARGET vt_host)
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     FILE_SET HEADERS DESTINATION ${VT_HOST_INSTALL_INCLUDEDIR})
 
+  # vtpool's man page and bash completion, written by vtpool itself from its command table.
+  if(VT_CORE_DOCS)
+    find_program(VT_CORE_GZIP gzip)
+    mark_as_advanced(VT_CORE_GZIP)
+    set(docs_dir ${PROJECT_BINARY_DIR}/docs)
+    set(man_page ${docs_dir}/vtpool.1)
+    if(VT_CORE_GZIP)
+      set(man_page ${man_page}.gz)
+    endif()
+    add_custom_command(OUTPUT ${man_page} ${docs_dir}/vtpool.bash
+      COMMAND ${CMAKE_COMMAND} -DVTPOOL=$<TARGET_FILE:vtpool> -DDIR=${docs_dir} -DGZIP=${VT_CORE_GZIP}
+              -P ${PROJECT_SOURCE_DIR}/cmake/vtpool_docs.cmake
+      DEPENDS vtpool ${PROJECT_SOURCE_DIR}/cmake/vtpool_docs.cmake
+      COMMENT "Writing vtpool's man page and bash completion")
+    add_custom_target(vtpool_docs ALL DEPENDS ${man_page} ${docs_dir}/vtpool.bash)
+    install(FILES ${man_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    install(FILES ${docs_dir}/vtpool.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+      RENAME vtpool)
+  endif()
   # The bitmap font compiled into vt_host and vtpool comes with its licence.
   install(FILES ${PROJECT_SOURCE_DIR}/tools/render/font/COPYING DESTINATION ${CMAKE_INSTALL_DOCDIR}
     RENAME font-COPYING)

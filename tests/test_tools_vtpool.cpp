@@ -214,7 +214,7 @@ TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
     for (const QString& line : general.out.split('\n'))
         if (line.startsWith("  ") && !line.startsWith("   "))
             commands.append(line.trimmed().section(' ', 0, 0));
-    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info"}));
+    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info", "version"}));
     for (const QString& command : commands) {
         SCOPED_TRACE(command.toStdString());
         const Outcome help = vtpool({command, "--help"});
