@@ -4,42 +4,17 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
+#include "process_support.h"
 #include "vt_core_version.h"
 
 namespace {
 
-struct Result
-{
-    int status = -1; // -1: did not start or did not finish
-    QString out;
-    QString err;
-};
-
-Result run(const QString& program, const QStringList& args, const QByteArray& input = QByteArray())
-{
-    QProcess p;
-    p.start(program, args);
-    Result r;
-    if (!p.waitForStarted(10000))
-        return r;
-    p.write(input);
-    p.closeWriteChannel();
-    if (!p.waitForFinished(60000))
-        return r;
-    r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
-}
-
-Result vtpool(const QStringList& args)
-{
-    return run(QStringLiteral(VT_VTPOOL), args);
-}
+using test::Outcome;
+using test::run_program;
+using test::vtpool;
 
 // The commands vtpool --help lists.
 QStringList command_names()
@@ -90,7 +65,7 @@ Help help_of(const QString& command)
 TEST(ToolsVtpoolHelp, VersionAndHelpAnswerInEverySpelling)
 {
     for (const char* spelling : {"--version", "version"}) {
-        const Result r = vtpool({spelling});
+        const Outcome r = vtpool({spelling});
         EXPECT_EQ(r.status, 0) << spelling;
         EXPECT_EQ(r.out, "vtpool " VT_CORE_VERSION "\n") << spelling;
     }
@@ -98,7 +73,7 @@ TEST(ToolsVtpoolHelp, VersionAndHelpAnswerInEverySpelling)
 
     EXPECT_TRUE(command_names().contains("version"));
     for (const char* c : {"render", "version"}) {
-        const Result r = vtpool({"help", c});
+        const Outcome r = vtpool({"help", c});
         EXPECT_EQ(r.status, 0) << c;
         EXPECT_EQ(r.out, vtpool({c, "--help"}).out) << c;
     }
@@ -109,10 +84,10 @@ TEST(ToolsVtpoolHelp, VersionAndHelpAnswerInEverySpelling)
 
 TEST(ToolsVtpoolHelp, ManPageShowsEveryCommandWithItsHelpAndOptions)
 {
-    const Result page = vtpool({"help", "--man"});
+    const Outcome page = vtpool({"help", "--man"});
     ASSERT_EQ(page.status, 0);
     // Long lines, no bold or underlining: the page as plain text, warnings on.
-    const Result drawn = run("groff", {"-man", "-Tascii", "-P-cbou", "-rLL=200n", "-ww"}, page.out.toUtf8());
+    const Outcome drawn = run_program("groff", {"-man", "-Tascii", "-P-cbou", "-rLL=200n", "-ww"}, page.out.toUtf8());
     if (drawn.status == -1)
         GTEST_SKIP() << "groff is not installed (Debian package groff-base)";
     ASSERT_EQ(drawn.status, 0);
@@ -138,7 +113,7 @@ TEST(ToolsVtpoolHelp, BashCompletionOffersCommandsOptionsAndValues)
 {
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
-    const Result script = vtpool({"help", "--bash-completion"});
+    const Outcome script = vtpool({"help", "--bash-completion"});
     ASSERT_EQ(script.status, 0);
     const QString script_path = dir.filePath("vtpool.bash");
     {
@@ -156,7 +131,7 @@ TEST(ToolsVtpoolHelp, BashCompletionOffersCommandsOptionsAndValues)
                          "cd \"$1\" && source \"$2\" && shift 2 && COMP_WORDS=(\"$@\") && COMP_CWORD=$(($# - 1)) && "
                          "_vtpool; printf '%s\\n' \"${COMPREPLY[@]}\"",
                          "bash", work, script_path};
-        const Result r = run("bash", args + words);
+        const Outcome r = run_program("bash", args + words);
         EXPECT_EQ(r.status, 0) << r.err.toStdString();
         QStringList offered = r.out.split('\n', Qt::SkipEmptyParts);
         offered.sort();
