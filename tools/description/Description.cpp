@@ -5,13 +5,12 @@
 #include <QFileInfo>
 #include <QImage>
 #include <cstring>
-#include <iostream>
 #include <memory>
-#include <sstream>
 
 #include "tools/description/Values.h"
 #include "tools/description/Xml_reader.h"
 #include "tools/pictures/Picture_encoder.h"
+#include "tools/pool/Labels.h"
 #include "tools/pool/Object_factory.h"
 #include "tools/terminal/Scaling.h"
 
@@ -336,19 +335,15 @@ void Description::prepare_picture(Xml_element* e, bool png)
     e->supply("bytes", data, true);
 }
 
-void Description::read_values()
+void Description::read_values(Library_output& said)
 {
-    // Library chatter on standard output (arrays print what they read) stays out of the output
-    // of the tool.
-    std::ostringstream chatter;
-    // The buffer it had is put back even when that was none (a host that silenced the stream).
-    const bool quiet = !verbose;
-    std::streambuf* old = quiet ? std::cout.rdbuf(chatter.rdbuf()) : nullptr;
-
     QSet<Xml_element*> done;
     auto process = [&](Xml_element* e, scale_area_t area) {
         done.insert(e);
+        said.set_context([this, e]() { return where(e) + QStringLiteral(": ") + object_label(e->object); });
         e->object->set_by_spec(area);
+        if (said.any())
+            hear(said, e, object_label(e->object));
     };
     QVector<Xml_element*> built;
     for (Xml_element* e : object_elements)
@@ -375,9 +370,19 @@ void Description::read_values()
     for (Xml_element* e : built)
         if (!done.contains(e))
             process(e, SCALE_AREA_NONE);
+}
 
-    if (quiet)
-        std::cout.rdbuf(old);
+void Description::hear(Library_output& said, const Xml_element* e, const QString& who)
+{
+    for (const Library_output::Line& line : said.take()) {
+        const QString clamp = Library_output::clamp_detail(line.text);
+        const QString text = clamp.isEmpty() ? line.text : clamp;
+        const QString about = who.isEmpty() ? text : who + QStringLiteral(": ") + text;
+        if (line.chatter || Library_output::restated_by_tool(line.text))
+            note_list.append(where(e) + QStringLiteral(": ") + about);
+        else
+            warning(e, about);
+    }
 }
 
 namespace {
@@ -525,11 +530,17 @@ bool Description::build(Object_pool& target)
         else
             problem(e, why);
     }
-    read_values();
+    // What the library says while the objects take their values is filed under their elements.
+    Library_output said(verbose);
+    read_values(said);
     // Children placed by name learn their area from the masks only through their references.
+    said.set_context(nullptr);
     Scaling::propagate_areas(*pool);
+    hear(said, nullptr, QString());
     resolve_colours();
+    hear(said, nullptr, QString());
     justify();
+    hear(said, nullptr, QString());
     report_unused(root.get());
     return problem_list.isEmpty();
 }

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "tools/pool/Object_pool.h"
+#include "tools/pool/Pool_file.h"
 
 namespace VT {
 
@@ -14,9 +15,12 @@ class Pool_loader
 public:
     // Chooses by content (or the .xml suffix). Problems and warnings are "file:line: text"
     // lines; false when the pool could not be built cleanly. A description stays alive as long
-    // as the pool, whose objects keep its nodes.
+    // as the pool, whose objects keep its nodes. Pool bytes that stop reading name the object
+    // probably at fault. With `verbose`, warnings also hold what the library said that the
+    // tool reports in its own words. `report`, when given, receives how pool bytes were read
+    // (and says whether ids used twice are kept).
     static bool load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                     bool verbose = false, bool* is_description = nullptr);
+                     bool verbose = false, bool* is_description = nullptr, Pool_file::Read_report* report = nullptr);
 };
 
 }

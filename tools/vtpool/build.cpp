@@ -3,7 +3,7 @@
 #include <QSet>
 #include <iostream>
 
-#include "tools/check/Structure_check.h"
+#include "tools/check/Object_facts.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/terminal/Terminal_limits.h"
 #include "tools/vtpool/Terminal_options.h"
@@ -23,15 +23,18 @@ int run(Invocation& in)
 
     Object_pool pool;
     bool is_description = false;
-    if (!in.load(pool, in.is_set("verbose"), &is_description))
+    VT::Check::Loaded loaded;
+    if (!in.load(pool, false, &is_description, &loaded))
         return PROBLEM;
     const VT::Terminal& terminal = target.terminal;
+    if (!VT::Check::may_build(loaded, pool, terminal.vt_version, !in.is_set("no-check"), std::cerr))
+        return PROBLEM;
     pool.set_serialisation_limits(VT::serialisation_limits(terminal));
     if (terminal.vt_version) {
         pool.set_negotiated_version(uint8_t(terminal.vt_version));
         QSet<uint8_t> types;
         for (unsigned t = 0; t < 256; ++t)
-            if (int needs = VT::Structure_check::type_version(t))
+            if (int needs = VT::Check::type_version(t))
                 if (needs <= terminal.vt_version)
                     types.insert(uint8_t(t));
         pool.set_supported_types(types);
@@ -90,10 +93,14 @@ Command build_command()
             {"INPUT"},
             "Builds INPUT (a description or a pool file) and writes its bytes as they would be\n"
             "uploaded to a terminal with the given properties. Without terminal options a pool\n"
-            "file is written back as it was read.\n",
+            "file is written back as it was read.\n"
+            "The pool is checked first (the error rules of vtpool check, with --vt-version when\n"
+            "given) and not built when an error is found; a pool file that uses an id twice is\n"
+            "never built.\n",
             QVector<Option>{Option::output("POOL.iop", "where to write the pool")} + Terminal_options::all() +
                 QVector<Option>{{{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
-                                {{"verbose"}, "", "show the library's chatter while building"}},
+                                {{"no-check"}, "", "build even when the checks find errors"},
+                                {{"verbose"}, "", "also show what the library said that is reported otherwise"}},
             run};
 }
 
