@@ -6,8 +6,9 @@
 # Checks the installed files (the library's soname, no path into the build or source tree in
 # RUNPATHs, CMake or pkg-config files, nothing from tests/, bench/ or fuzz/, vtpool --version,
 # the man page and bash completion, which versions find_package accepts), then builds and runs
-# examples/consumer through find_package(vt_core) alone, and examples/consumer/object_bytes.cpp
-# through pkg-config alone. A build with sanitizers gets consumers built with them too.
+# examples/consumer through find_package(vt_core) alone (with the pool compiled in too when the
+# package brings vt_core_add_pool), and examples/consumer/object_bytes.cpp through pkg-config
+# alone. A build with sanitizers gets consumers built with them too.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source_dir=$(pwd -P)
@@ -103,6 +104,9 @@ cmake -S examples/consumer -B "$work/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$pr
   -DCMAKE_CXX_FLAGS="${sanitize[*]}" -DCMAKE_EXE_LINKER_FLAGS="${sanitize[*]}" >/dev/null
 cmake --build "$work/consumer"
 "$work/consumer/consumer" "$work/consumer/small.iop"
+if [ -f "$libdir/cmake/vt_core/vt_core_add_pool.cmake" ]; then
+  "$work/consumer/compiled_consumer" "$work/consumer/small.iop"
+fi
 
 # A one-file program that knows only pkg-config.
 export PKG_CONFIG_PATH=$libdir/pkgconfig
