@@ -312,7 +312,7 @@ TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
         if (line.startsWith("  ") && !line.startsWith("   "))
             commands.append(line.trimmed().section(' ', 0, 0));
     EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info", "describe",
-                                     "ids", "types", "attributes"}));
+                                     "ids", "types", "attributes", "version"}));
     for (const QString& command : commands) {
         SCOPED_TRACE(command.toStdString());
         const Outcome help = vtpool({command, "--help"});

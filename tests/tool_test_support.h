@@ -1,37 +1,18 @@
 #ifndef TESTS_TOOL_TEST_SUPPORT_H
 #define TESTS_TOOL_TEST_SUPPORT_H
 
-// What the tests of the host tools share: the vtpool program run as a user runs it, the files
+// What the tests of the host tools share besides running vtpool (process_support.h): the files
 // it reads and writes, and the real pools of ../shared/pools.
 
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QString>
 #include <QStringList>
 
+#include "process_support.h"
+
 namespace test {
-
-struct Outcome
-{
-    int status = -1;
-    QString out;
-    QString err;
-};
-
-inline Outcome vtpool(const QStringList& args)
-{
-    QProcess p;
-    p.start(QStringLiteral(VT_VTPOOL), args);
-    Outcome r;
-    if (!p.waitForFinished(60000))
-        return r;
-    r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
-}
 
 inline QByteArray read_file(const QString& path)
 {
