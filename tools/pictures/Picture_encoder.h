@@ -13,9 +13,13 @@ namespace VT {
 class Picture_encoder
 {
 public:
+    // The most pixels a picture read from an image file may have.
+    static constexpr qint64 MAX_PIXELS = qint64(1) << 24;
+
     // Pixels are mapped onto the VT palette; pixels that are (nearly) fully transparent become
     // `transparency_index`. 8-bit pictures use the palette's colour cube, 4-bit pictures the
-    // sixteen standard colours, monochrome pictures 1 for light and 0 for dark pixels.
+    // sixteen standard colours, monochrome pictures 1 for light and 0 for dark pixels. An image
+    // indexed on the VT palette (as vtpool writes pictures) keeps its indexes.
     static QByteArray encode(const QImage& image, format_t format, bool run_length, unsigned char transparency_index);
     // The raw bytes of the pixel rows, before run-length coding.
     static QByteArray pack_rows(const QImage& image, format_t format, unsigned char transparency_index);

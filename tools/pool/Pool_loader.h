@@ -21,6 +21,8 @@ public:
     // (and says whether ids used twice are kept).
     static bool load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
                      bool verbose = false, bool* is_description = nullptr, Pool_file::Read_report* report = nullptr);
+    // Whether a file of this name that begins with `head` is read as a description.
+    static bool looks_like_description(const QString& path, const QByteArray& head);
 };
 
 }

@@ -107,4 +107,15 @@ bool Terminal_options::read(const Invocation& in, Target& target)
     return true;
 }
 
+void Terminal_options::scale(Object_pool& pool, const Target& target, bool is_description)
+{
+    const VT::Scaling::Ratio mask_ratio = VT::Scaling::mask_ratio(target.terminal, target.design);
+    const VT::Scaling::Ratio key_ratio = VT::Scaling::key_ratio(target.terminal, target.design);
+    if (!mask_ratio.active && !key_ratio.active)
+        return;
+    if (!is_description)
+        VT::Scaling::propagate_areas(pool);
+    VT::Scaling::scale(pool, mask_ratio, key_ratio);
+}
+
 }

@@ -28,6 +28,10 @@ public:
     // Reads those options of the group that the command declares into `target`; false after
     // the usage error has been printed.
     static bool read(const Invocation& in, Target& target);
+
+    // Scales the pool from the screen it was designed for to the target's, where sizes of both
+    // were given. Objects read from pool bytes first learn the area they are drawn in.
+    static void scale(Object_pool& pool, const Target& target, bool is_description);
 };
 
 }

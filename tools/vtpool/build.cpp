@@ -39,13 +39,7 @@ int run(Invocation& in)
                     types.insert(uint8_t(t));
         pool.set_supported_types(types);
     }
-    const VT::Scaling::Ratio mask_ratio = VT::Scaling::mask_ratio(terminal, target.design);
-    const VT::Scaling::Ratio key_ratio = VT::Scaling::key_ratio(terminal, target.design);
-    if (mask_ratio.active || key_ratio.active) {
-        if (!is_description)
-            VT::Scaling::propagate_areas(pool);
-        VT::Scaling::scale(pool, mask_ratio, key_ratio);
-    }
+    Terminal_options::scale(pool, target, is_description);
 
     QString out_path = in.value("output");
     QFile out(out_path);
