@@ -9,9 +9,9 @@
 #include <QString>
 #include <memory>
 
-#include "tools/Description.h"
-#include "tools/Object_pool.h"
-#include "tools/Pool_file.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Object_pool.h"
+#include "tools/pool/Pool_file.h"
 
 namespace bench {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "fuzz/fuzz_support.h"
-#include "tools/Object_factory.h"
+#include "tools/pool/Object_factory.h"
 
 namespace {
 

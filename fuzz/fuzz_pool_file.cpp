@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "fuzz/fuzz_support.h"
-#include "tools/Pool_file.h"
+#include "tools/pool/Pool_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {

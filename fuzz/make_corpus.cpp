@@ -1,8 +1,9 @@
 // Writes starting inputs for the fuzz targets from real pools and descriptions:
 //   fuzz_corpus OUT_DIR FILE...
 // Pool files (.iop and others) are read with the pool reader and descriptions (.xml) built;
-// each object becomes a starting input for fuzz_object (its type byte and attribute bytes), and each
-// picture graphic one for fuzz_picture (its size, format, options and data).
+// each object becomes a starting input for fuzz_object (its type byte and attribute bytes), each
+// picture graphic one for fuzz_picture (its size, format, options and data), and each whole pool
+// one for fuzz_render (its pool bytes).
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -10,8 +11,9 @@
 #include <memory>
 
 #include "fuzz/fuzz_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
+#include "tests/every_type_pool.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
 
 namespace {
 
@@ -60,6 +62,8 @@ int main(int argc, char** argv)
             fprintf(stderr, "%s: %s\n", argv[i], qPrintable(error));
             continue;
         }
+        write_input(out + "/fuzz_render", VT::Pool_file::write(pool));
+        write_input(out + "/fuzz_describe", VT::Pool_file::write(pool));
         for (VT::VT_obj* obj : pool.objects()) {
             QByteArray bytes = VT::Pool_file::object_bytes(*obj);
             if (bytes.size() > 2) {
@@ -72,6 +76,7 @@ int main(int argc, char** argv)
             }
         }
     }
+    write_input(out + "/fuzz_describe", test::every_type_pool());
     printf("starting inputs: %d objects, %d pictures\n", objects, pictures);
     return 0;
 }

@@ -3,7 +3,7 @@
 // 1-byte pieces, read back into a fresh object of the same class and serialised again.
 
 #include "test_support.h"
-#include "tools/Object_factory.h"
+#include "tools/pool/Object_factory.h"
 
 using namespace VT;
 using test::Bytes;

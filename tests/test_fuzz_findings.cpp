@@ -5,7 +5,7 @@
 
 #include "fuzz_findings_support.h"
 #include "picture_support.h"
-#include "tools/Description.h"
+#include "tools/description/Description.h"
 
 using namespace VT;
 using VT::Base::Picture_graphic_obj;

@@ -1,155 +1,80 @@
-// The quick reader of plain descriptions against the general XML reader, and the number and
-// byte-string readers of description values.
+// The XML reader of descriptions, and the number and byte-string readers of description values.
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <memory>
 #include <string>
 
 #include "test_support.h"
-#include "tools/Description.h"
+#include "tools/description/Description.h"
 
 using VT::Description;
 using VT::Xml_element;
 
-namespace {
-
-// The tree as text: one line per element with its line number and attributes, children indented.
-std::string dump(const Xml_element* e, int depth = 0)
-{
-    std::string out = std::string(size_t(depth) * 2, ' ') + e->name.toStdString() + "@" + std::to_string(e->line);
-    for (const auto& a : e->attributes)
-        out += " " + a.key.toStdString() + "=[" + a.value.toHex(' ').toStdString() + "]";
-    out += "\n";
-    for (const auto& c : e->children) {
-        EXPECT_EQ(c->parent, e);
-        out += dump(c.get(), depth + 1);
-    }
-    return out;
-}
-
-std::string full_reader_dump(const QByteArray& xml)
+TEST(ToolsDescriptionReader, GivesEachElementItsLineKindAndDecodedValues)
 {
     Description d;
-    d.set_full_xml_reader(true);
-    if (!d.parse(xml, "x.xml") || !d.root_element())
-        return "not read: " + d.problems().join("; ").toStdString();
-    return dump(d.root_element());
-}
-
-}
-
-TEST(ToolsDescriptionReader, ReadsPlainTextsAsTheFullReaderDoes)
-{
-    const char* const texts[] = {
-        // Lines: the root takes the line where the declaration or a comment before it ends.
-        "<object_pool/>",
-        "\n\n<object_pool>\n  <A x=\"1\"/>\n</object_pool>\n",
-        "<?xml version=\"1.0\"?>\n\n<object_pool>\n<A/></object_pool>",
-        "<?xml version='1.0'\n   encoding='utf-8' standalone=\"no\" ?>\n<object_pool/>",
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- one\n two -->\n\n<object_pool/>\n<!-- after -->\n",
-        "<p><A/><B\n  x='1'\n/><C/>\n\n<D><!--\n--><E/></D>\n</p >",
-        // Values: entities, character references, tabs and line breaks, UTF-8, quotes.
-        "<p a=\"&lt;&gt;&amp;&quot;&apos;\" b='&#65;&#x42;&#xe9;&#8364;&#x1F600;' c=\"x\ty\nz\" "
-        "d='&#9;&#10;&#13;' e=\"'\" f='\"' g=\"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\xC2\x80\" h=\"\" i='\x7F>'/>",
-        "<p>\n\t<q   k = \"v\"\t/>\n</p>",
-        "<p>\n<!-- a comment with -single- dashes, <tags> & \xC3\xA9 -->\n<q/></p>",
-    };
-    for (const char* text : texts) {
-        const QByteArray xml(text);
-        std::unique_ptr<Xml_element> quick = Description::read_plain(xml);
-        ASSERT_NE(quick.get(), nullptr) << text;
-        EXPECT_EQ(dump(quick.get()), full_reader_dump(xml)) << text;
-    }
-
-    // The example descriptions and the tools' test data.
-    for (const QString& path : {QStringLiteral(VT_EXAMPLES_DIR "/small.xml"), QStringLiteral(VT_EXAMPLES_DIR "/realistic.xml"),
-                                QStringLiteral(VT_TEST_DATA_DIR "/tools/variables.xml")}) {
-        QFile f(path);
-        ASSERT_TRUE(f.open(QIODevice::ReadOnly)) << path.toStdString();
-        const QByteArray xml = f.readAll();
-        std::unique_ptr<Xml_element> quick = Description::read_plain(xml);
-        ASSERT_NE(quick.get(), nullptr) << path.toStdString();
-        EXPECT_EQ(dump(quick.get()), full_reader_dump(xml)) << path.toStdString();
-    }
-
-    // Element kinds are decided as the elements are read.
-    std::unique_ptr<Xml_element> pool = Description::read_plain(
-        "<object_pool><colour/><Number_variable/><place/><ref/><Point/><attr_font/></object_pool>");
-    ASSERT_NE(pool.get(), nullptr);
-    const Xml_element::Kind kinds[] = {Xml_element::COLOUR, Xml_element::OBJECT, Xml_element::LIST_ITEM,
-                                       Xml_element::LIST_ITEM, Xml_element::ITEM, Xml_element::ATTR_WRAPPER};
+    ASSERT_TRUE(d.parse("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                        "<object_pool>\n"
+                        "  <colour name=\"c\" value=\"red\"/>\n"
+                        "  <!-- a comment\n  over two lines -->\n"
+                        "  <Number_variable name=\"n\"\n"
+                        "      value='&lt;&#65;&#xe9;\tx\ny' other=\"\xC3\xA9\"/>\n"
+                        "  <Container><place/><ref/><Point/><attr_font/></Container>\n"
+                        "</object_pool>\n",
+                        "x.xml"))
+        << d.problems().join("\n").toStdString();
+    Xml_element* pool = d.root_element();
+    ASSERT_NE(pool, nullptr);
     EXPECT_EQ(pool->kind, Xml_element::POOL);
-    ASSERT_EQ(pool->children.size(), 6u);
-    for (size_t i = 0; i < 6; ++i)
-        EXPECT_EQ(pool->children[i]->kind, kinds[i]) << pool->children[i]->name.constData();
+    ASSERT_EQ(pool->children.size(), 3u);
+    Xml_element* colour = pool->children[0].get();
+    Xml_element* number = pool->children[1].get();
+    Xml_element* container = pool->children[2].get();
+    EXPECT_EQ(colour->kind, Xml_element::COLOUR);
+    EXPECT_EQ(colour->line, 3);
+    // A start tag over several lines is at the line where it begins.
+    EXPECT_EQ(number->kind, Xml_element::OBJECT);
+    EXPECT_EQ(number->line, 6);
+    EXPECT_EQ(number->parent, pool);
+    ASSERT_EQ(number->attributes.size(), 3u);
+    EXPECT_EQ(number->attributes[1].key, "value");
+    // Entities are decoded, tabs and line breaks read as spaces, and values are UTF-8.
+    EXPECT_EQ(number->attributes[1].value, "<A\xC3\xA9 x y");
+    EXPECT_EQ(number->attributes[2].value, "\xC3\xA9");
+    const Xml_element::Kind kinds[] = {Xml_element::LIST_ITEM, Xml_element::LIST_ITEM, Xml_element::ITEM,
+                                       Xml_element::ATTR_WRAPPER};
+    ASSERT_EQ(container->children.size(), 4u);
+    for (size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(container->children[i]->kind, kinds[i]) << container->children[i]->name.constData();
+        EXPECT_EQ(container->children[i]->line, 9) << "the line break inside the value counts";
+        EXPECT_EQ(container->children[i]->parent, container);
+    }
 }
 
-TEST(ToolsDescriptionReader, LeavesEverythingElseToTheFullReader)
+TEST(ToolsDescriptionReader, RefusesTextDeepNestingAndBadXmlWithTheirLines)
 {
+    // Text inside an element is a problem at that element's line, named once however often
+    // the same text appears in it.
+    Description text;
+    EXPECT_FALSE(text.parse("<object_pool>\n  <Container name=\"c\">\n   hello <a/> hello\n  </Container>\n</object_pool>",
+                            "t.xml"));
+    EXPECT_EQ(text.problems(), QStringList({"t.xml:2: unexpected text 'hello' in <Container>"}));
+
     QByteArray deep;
     for (int i = 0; i < 65; ++i)
         deep += "<a>";
     for (int i = 0; i < 65; ++i)
         deep += "</a>";
-    const QByteArray texts[] = {
-        "",
-        "   ",
-        "<p>\r\n</p>",                             // carriage returns
-        "\xEF\xBB\xBF<p/>",                        // byte order mark
-        "<?xml version=\"1.1\"?><p/>",
-        "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><p/>",
-        "<?xml encoding=\"UTF-8\" version=\"1.0\"?><p/>",
-        "<?xml?><p/>",
-        " <?xml version=\"1.0\"?><p/>",
-        "<!DOCTYPE p><p/>",
-        "<p><![CDATA[x]]></p>",
-        "<p><?pi x?></p>",
-        "<p xmlns=\"urn:x\"/>",
-        "<x:p xmlns:x=\"urn:x\"/>",
-        "<p a:b=\"1\"/>",
-        "<p>text</p>",
-        "<p>&amp;</p>",
-        "<p a=\"&nbsp;\"/>",
-        "<p a=\"&#0;\"/>",
-        "<p a=\"&#xD800;\"/>",
-        "<p a=\"&#xFFFE;\"/>",
-        "<p a=\"&#;\"/>",
-        "<p a=\"&#99999999;\"/>",
-        "<p a=\"&amp\"/>",
-        "<p a=\"\xC3\"/>",                         // cut short
-        "<p a=\"\xC0\x80\"/>",                     // overlong
-        "<p a=\"\xED\xA0\x80\"/>",                 // surrogate
-        "<p a=\"\xEF\xBF\xBE\"/>",                 // not a character
-        "<p a=\"\x01\"/>",
-        "<p a=\"<\"/>",
-        "<p a=\"1\" a=\"2\"/>",
-        "<p a=\"1\"b=\"2\"/>",
-        "<p a=1/>",
-        "<p a/>",
-        "<p a=\"1/>",
-        "<p/><q/>",
-        "<p></q>",
-        "<p><q></p></q>",
-        "<p>",
-        "<p/ >",
-        "</p>",
-        "<p><!-- a -- b --></p>",
-        "<p><!-- a ---></p>",
-        "<p><!-- \x02 --></p>",
-        "<p><!-- open",
-        "<1p/>",
-        "<p\xC3\xA9/>",
-        deep,
-    };
-    for (const QByteArray& xml : texts)
-        EXPECT_EQ(Description::read_plain(xml).get(), nullptr) << xml.constData();
+    Description nested;
+    EXPECT_FALSE(nested.parse(deep, "deep.xml"));
+    EXPECT_EQ(nested.problems(), QStringList({"deep.xml:1: elements nested more than 64 deep"}));
+    EXPECT_EQ(nested.root_element(), nullptr);
 
-    // Such texts still reach the general reader, which reports its own error with its line.
     Description d;
     EXPECT_FALSE(d.parse("<object_pool>\n<A a=\"1\"\n   a=\"2\"/>\n</object_pool>", "dup.xml"));
     ASSERT_EQ(d.problems().size(), 1);
     EXPECT_TRUE(d.problems()[0].startsWith("dup.xml:3: XML error: ")) << d.problems()[0].toStdString();
+    EXPECT_EQ(d.root_element(), nullptr);
 }
 
 TEST(ToolsDescriptionReader, ReadsNumbersAndByteStringsFromTheValueText)

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "test_support.h"
-#include "tools/Object_factory.h"
-#include "tools/Object_pool.h"
-#include "tools/Pool_file.h"
+#include "tools/pool/Object_factory.h"
+#include "tools/pool/Object_pool.h"
+#include "tools/pool/Pool_file.h"
 
 using VT::Object_pool;
 using VT::Pool_file;

@@ -6,29 +6,18 @@
 #include <sstream>
 
 #include "test_support.h"
-#include "tools/Object_pool.h"
-#include "tools/Pool_file.h"
-#include "tools/Pool_tools.h"
+#include "tool_test_support.h"
+#include "tools/pool/Object_pool.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/check/Checker.h"
+#include "tools/pool/Labels.h"
 
 using VT::Object_pool;
 using VT::Pool_file;
 
-namespace {
-
-QStringList real_pools()
-{
-    QDir dir(QStringLiteral(VT_SHARED_POOLS_DIR));
-    QStringList out;
-    for (const QString& f : dir.entryList({"*.iop"}, QDir::Files, QDir::Name))
-        out.append(dir.filePath(f));
-    return out;
-}
-
-}
-
 TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
 {
-    QStringList pools = real_pools();
+    QStringList pools = test::real_pools();
     if (pools.isEmpty())
         GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR;
     for (const QString& path : pools) {
@@ -49,14 +38,14 @@ TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
             int begin = report.offsets[i];
             int end = i + 1 < pool.size() ? report.offsets[i + 1] : input.size();
             EXPECT_EQ(Pool_file::object_bytes(*pool.objects()[i]), input.mid(begin, end - begin))
-                << VT::Pool_tools::label(pool.objects()[i]).toStdString();
+                << VT::object_label(pool.objects()[i]).toStdString();
         }
         EXPECT_EQ(Pool_file::write(pool), input);
         EXPECT_EQ(Pool_file::write_streamed(pool, 1785), input);
         EXPECT_EQ(Pool_file::write_streamed(pool, 8), input);
 
-        VT::Pool_tools::Check_result check = VT::Pool_tools::check(pool, 0);
-        EXPECT_TRUE(check.problems.isEmpty()) << check.problems.join("\n").toStdString();
+        const VT::Check::Result check = VT::Check::check(pool, VT::Check::Source());
+        EXPECT_EQ(check.count(VT::Check::Severity::error), 0);
         EXPECT_GE(check.needed_version, 2);
 
         std::ostringstream dump;
@@ -68,7 +57,7 @@ TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
 
 TEST(ToolsRealPools, DamagedCopiesReadOrFailCleanly)
 {
-    QStringList pools = real_pools();
+    QStringList pools = test::real_pools();
     if (pools.isEmpty())
         GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR;
     test::Dprint_capture quiet;

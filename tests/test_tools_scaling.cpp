@@ -1,10 +1,14 @@
 // Scaling a pool for a terminal: each object by the ratio of the area it is drawn in.
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
 #include "test_support.h"
-#include "tools/Description.h"
-#include "tools/Pool_file.h"
-#include "tools/Pool_tools.h"
+#include "tools/description/Description.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/terminal/Scaling.h"
 
 using namespace VT;
 
@@ -32,8 +36,8 @@ const char* const screens = R"(<object_pool>
 
 // Data-mask area designed for 200 x 200 shown at 400 x 400; soft keys designed for 60 x 60
 // shown at 90 x 120.
-const Pool_tools::Ratio mask{true, 400, 400, 200, 200};
-const Pool_tools::Ratio key{true, 90, 120, 60, 60};
+const Scaling::Ratio mask{true, 400, 400, 200, 200};
+const Scaling::Ratio key{true, 90, 120, 60, 60};
 
 template <class T>
 T* get(Object_pool& pool, const char* name)
@@ -76,7 +80,7 @@ TEST(ToolsScaling, DescriptionObjectsScaleByTheAreaTheyAreUsedIn)
     ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
     EXPECT_EQ(pool.find(QByteArray("label"))->get_scale_area(), SCALE_AREA_ACTIVE);
     EXPECT_EQ(pool.find(QByteArray("key_label"))->get_scale_area(), SCALE_AREA_SOFT_KEY);
-    Pool_tools::scale(pool, mask, key);
+    Scaling::scale(pool, mask, key);
     expect_scaled(pool);
 }
 
@@ -97,14 +101,14 @@ TEST(ToolsScaling, PoolFileObjectsLearnTheirAreasFromTheMasks)
         ASSERT_NE(twin, nullptr);
         EXPECT_EQ(twin->get_scale_area(), SCALE_AREA_NONE);
     }
-    Pool_tools::propagate_areas(pool);
+    Scaling::propagate_areas(pool);
     EXPECT_EQ(pool.find(built.find(QByteArray("label"))->get_id())->get_scale_area(), SCALE_AREA_ACTIVE);
     EXPECT_EQ(pool.find(built.find(QByteArray("key_label"))->get_id())->get_scale_area(), SCALE_AREA_SOFT_KEY);
     EXPECT_EQ(pool.find(built.find(QByteArray("skm"))->get_id())->get_scale_area(), SCALE_AREA_NONE)
         << "a data mask's soft-key mask is not drawn in the data mask";
 
-    Pool_tools::scale(pool, mask, key);
-    Pool_tools::scale(built, mask, key);
+    Scaling::scale(pool, mask, key);
+    Scaling::scale(built, mask, key);
     expect_scaled(built);
     EXPECT_EQ(Pool_file::write(pool), Pool_file::write(built));
 }
@@ -116,10 +120,44 @@ TEST(ToolsScaling, NoRatioLeavesThePoolAlone)
     ASSERT_TRUE(d.parse(screens, "scale.xml"));
     ASSERT_TRUE(d.build(pool));
     QByteArray before = Pool_file::write(pool);
-    Pool_tools::scale(pool, Pool_tools::Ratio(), Pool_tools::Ratio());
+    Scaling::scale(pool, Scaling::Ratio(), Scaling::Ratio());
     EXPECT_EQ(Pool_file::write(pool), before);
     // Only the key ratio: the data mask keeps its layout.
-    Pool_tools::scale(pool, Pool_tools::Ratio(), key);
+    Scaling::scale(pool, Scaling::Ratio(), key);
     EXPECT_EQ(get<Base::Data_mask_obj>(pool, "dm")->get_child_location_x_location(0), 100);
     EXPECT_EQ(pool.find(QByteArray("key_label"))->get_width(), 75);
+}
+
+TEST(ToolsScaling, VtpoolScalesEachAreaByItsOwnRatio)
+{
+    // The data mask designed at 200 x 100 and shown at 400: 2 across, 4 down; the keys 1.5 and 2.
+    Description d;
+    Object_pool expected;
+    ASSERT_TRUE(d.parse(screens, "scale.xml"));
+    ASSERT_TRUE(d.build(expected));
+    Scaling::scale(expected, {true, 400, 400, 200, 100}, key);
+    EXPECT_EQ(get<Base::Container_obj>(expected, "box")->get_height(), 160);
+    const QByteArray want = Pool_file::write(expected);
+
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    auto file = [&](const char* name) { return tmp.filePath(QString::fromLatin1(name)); };
+    auto vtpool = [](const QStringList& args) {
+        QProcess p;
+        p.start(QStringLiteral(VT_VTPOOL), args);
+        return p.waitForFinished(60000) && p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
+    };
+    QFile xml(file("scale.xml"));
+    ASSERT_TRUE(xml.open(QIODevice::WriteOnly) && xml.write(screens) > 0);
+    xml.close();
+    // The screens are no whole pool (no working set, texts without fonts): built unchecked.
+    ASSERT_TRUE(vtpool({"build", file("scale.xml"), "-o", file("plain.iop"), "--no-check"}));
+    // A pool file's objects learn their areas from the masks before they are scaled.
+    for (const char* input : {"scale.xml", "plain.iop"}) {
+        ASSERT_TRUE(vtpool({"build", file(input), "-o", file("scaled.iop"), "--design-size", "200x100", "--mask-size",
+                            "400", "--design-key-size", "60x60", "--key-size", "90x120", "--no-check"}));
+        QFile scaled(file("scaled.iop"));
+        ASSERT_TRUE(scaled.open(QIODevice::ReadOnly));
+        EXPECT_EQ(scaled.readAll(), want) << input;
+    }
 }

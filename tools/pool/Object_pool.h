@@ -1,0 +1,217 @@
+#ifndef TOOLS_POOL_OBJECT_POOL_H
+#define TOOLS_POOL_OBJECT_POOL_H
+
+#include <QByteArray>
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <QVector>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "tools/pool/Object_factory.h"
+#include "vt_core.h"
+
+namespace VT {
+
+// The host's pool container: owns its objects, finds them by id and by name, and gives every
+// object it holds a pool helper through which the object reaches the pool (locking, the
+// terminal's limits, the negotiated version, supported types, look-ups and uploads).
+class Object_pool
+{
+public:
+    // What the objects of this pool see of it.
+    class Helper : public Pool_helper_api
+    {
+    public:
+        explicit Helper(Object_pool& pool) : pool(pool) {}
+
+        // A recursive lock: single-threaded, it only counts, so that unchecked accessors can
+        // assert that the caller really holds it.
+        void lock() const override;
+        void unlock() const override;
+        void __check_locked() const override;
+        int lock_depth() const { return depth; }
+
+        void __set_pool(Object_pool*) override {}
+        void set_pool(Object_pool*) override {}
+        Object_pool* __get_pool() override { return &pool; }
+        Object_pool* get_pool() override { return &pool; }
+        bool in_pool(const Object_pool& p) override { return &p == &pool; }
+        bool has_pool() override { return true; }
+
+        uint8_t negotiated_version() const override { return version; }
+        void set_negotiated_version(uint8_t v) { version = v; }
+        bool obj_type_supported(uint8_t type) const override { return supported.contains(type); }
+        void set_supported_types(const QSet<uint8_t>& types) { supported = types; }
+        const QSet<uint8_t>& get_supported_types() const { return supported; }
+
+        VT_obj* find_object(const Attribute_object_placement& placement) override;
+        // Records the request and hands it to the pool's upload callback, if any.
+        void upload(VT_obj* obj, bool flag) override;
+
+        const Serialisation_limits* get_serialisation_limits() override { return &limits; }
+        void set_serialisation_limits(const Serialisation_limits& l) { limits = l; }
+        const Serialisation_limits& get_limits() const { return limits; }
+
+    private:
+        Object_pool& pool;
+        mutable int depth = 0;
+        uint8_t version = 255;
+        QSet<uint8_t> supported;
+    };
+
+    struct Upload_request
+    {
+        uint16_t id;
+        bool flag;
+    };
+
+    Object_pool();
+    ~Object_pool();
+    Object_pool(const Object_pool&) = delete;
+    Object_pool& operator=(const Object_pool&) = delete;
+
+    // Takes ownership of obj (also when it fails). Fails, with a reason in `error`, when the id
+    // or the name is already taken; objects named VT_obj::NO_NAME or "" are not indexed by name.
+    // Once added, an object counts as in a list: its name is fixed.
+    bool add(VT_obj* obj, QString* error = nullptr);
+    // add() for an object that carries its default name (see write_default_name), `name_len`
+    // long, as every object read from pool bytes does: the name itself is not looked at.
+    bool add_default_named(VT_obj* obj, size_t name_len, QString* error = nullptr);
+    // Keeps an object whose id an earlier object already uses, as a pool read for inspection
+    // holds it (a terminal would reject it): it is listed and written, but find() keeps
+    // giving the earlier object, and its name is not indexed. Fails (and discards the
+    // object) when no object uses the id yet.
+    bool add_duplicate(VT_obj* obj);
+    // Builds an object of the entry's class in the pool's own storage, not yet added: hand it
+    // to add() or discard(). Objects made here cost no heap allocation of their own and lie
+    // together in memory, which is what makes reading large pools fast.
+    VT_obj* create(const Object_factory::Entry& entry, Spec_node* spec_node = nullptr);
+    // Ends an object made by create() that was not added.
+    void discard(VT_obj* obj);
+    // Deletes every object. The storage of objects made by create() is kept for the objects
+    // that follow (a host that reloads its pool reuses it); the destructor frees it.
+    void clear();
+
+    VT_obj* find(uint16_t id) const
+    {
+        const auto& page = by_id[id >> 8];
+        return page ? page[id & 0xFF] : nullptr;
+    }
+    VT_obj* find(const QByteArray& name) const;
+    // In the order they were added (the order they are written in).
+    const QVector<VT_obj*>& objects() const { return list; }
+    int size() const { return list.size(); }
+    bool is_empty() const { return list.isEmpty(); }
+    // The lowest id from `from` on that no object uses (65535 when none is left).
+    uint16_t lowest_free_id(uint16_t from = 0) const;
+
+    Helper& helper() { return pool_helper; }
+    const Helper& helper() const { return pool_helper; }
+    void set_serialisation_limits(const Serialisation_limits& l) { pool_helper.set_serialisation_limits(l); }
+    const Serialisation_limits& serialisation_limits() const { return pool_helper.get_limits(); }
+    void set_negotiated_version(uint8_t v) { pool_helper.set_negotiated_version(v); }
+    void set_supported_types(const QSet<uint8_t>& types) { pool_helper.set_supported_types(types); }
+
+    // The name an object read from pool bytes is given: "<Type>_<id>", or "obj_<id>" when that
+    // would not fit a name. `type` is the type's name, `type_len` its length. Returns the
+    // name's length.
+    static size_t write_default_name(const char* type, size_t type_len, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1]);
+    static size_t write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1]);
+
+    // Keeps `owner` alive as long as the objects (for example the description whose nodes the
+    // objects were built from).
+    void keep_alive(std::shared_ptr<void> owner) { kept.push_back(std::move(owner)); }
+
+    // Upload requests made by objects (for example when an object is switched to its NULL
+    // placeholder); the callback, when set, sees each one as it happens.
+    const QVector<Upload_request>& uploads() const { return upload_log; }
+    void set_upload_callback(std::function<void(VT_obj*, bool)> cb) { on_upload = std::move(cb); }
+
+private:
+    friend class Helper;
+
+    // Objects by name: open addressing over positions in the object list. The names themselves
+    // stay in the objects (an object in the pool cannot be renamed), so a slot is 8 bytes.
+    // Objects that carry the default name of their own type and id (every object read from
+    // pool bytes) are not indexed: such a name leads to its object through the id.
+    class Name_index
+    {
+    public:
+        typedef QVector<VT_obj*> Objects;
+        VT_obj* find(const char* name, size_t len, const Objects& objects) const;
+        // The slot for `name`: its object when indexed, else where to put it (see insert).
+        struct Probe
+        {
+            VT_obj* found;
+            uint32_t slot;
+            uint32_t hash;
+        };
+        Probe probe(const char* name, size_t len, const Objects& objects);
+        // Records objects[position] at the slot an unsuccessful probe returned.
+        void insert(const Probe& at, uint32_t position);
+        void clear();
+
+    private:
+        struct Slot
+        {
+            uint32_t hash;
+            uint32_t position; // in the object list, plus 1; 0: empty
+        };
+        static uint32_t hash_of(const char* s, size_t len);
+        Probe lookup(const char* name, size_t len, const Objects& objects) const;
+        void grow();
+
+        std::vector<Slot> table; // a power of two in size, at most three quarters full
+        size_t used = 0;
+    };
+
+    // Storage for the objects made by create(): large blocks, handed out in order.
+    class Arena
+    {
+    public:
+        void* allocate(size_t size);
+        // Gives back the last allocation when `p` is it (a discarded object).
+        void release_last(void* p);
+        // Hands out the blocks already held again, from the first.
+        void rewind();
+        void release();
+
+    private:
+        struct Block
+        {
+            std::unique_ptr<unsigned char[]> memory;
+            size_t size;
+        };
+        std::vector<Block> blocks;
+        size_t reuse = 0; // the next held block to fill
+        unsigned char* at = nullptr;
+        size_t left = 0;
+        void* last = nullptr;
+    };
+
+    // How add() files an object's name: not at all, under its own default name (found through
+    // the id), or in the name index.
+    enum class Naming { unnamed, own_default, indexed };
+    bool admit(VT_obj* obj, const char* name, size_t name_len, Naming naming, QString* error);
+    // The object whose default name `name` is, if it has that name.
+    VT_obj* find_default_named(const char* name, size_t len) const;
+    bool made_here(VT_obj* obj) const;
+    void destroy(VT_obj* obj);
+
+    QVector<VT_obj*> list;
+    // Objects by id: 256 pages of 256 entries, a page made when an id of it is first used.
+    std::unique_ptr<VT_obj*[]> by_id[256];
+    Name_index by_name;
+    Arena arena;
+    Helper pool_helper;
+    QVector<Upload_request> upload_log;
+    std::function<void(VT_obj*, bool)> on_upload;
+    std::vector<std::shared_ptr<void>> kept; // released after the objects
+};
+
+}
+
+#endif

@@ -1,0 +1,39 @@
+#ifndef TOOLS_VTPOOL_TERMINAL_OPTIONS_H
+#define TOOLS_VTPOOL_TERMINAL_OPTIONS_H
+
+#include "tools/terminal/Scaling.h"
+#include "tools/terminal/Terminal.h"
+#include "tools/vtpool/Command.h"
+
+namespace Vtpool {
+
+// What the terminal options of a command name: the terminal and the screen the pool was
+// designed for.
+struct Target
+{
+    VT::Terminal terminal;
+    VT::Design_size design;
+    bool named = false; // whether any terminal option was given
+};
+
+// The options that describe the terminal a pool is meant for, declared once for every command
+// that targets one.
+class Terminal_options
+{
+public:
+    // The whole group, or those of its options named (without dashes).
+    static QVector<Option> all();
+    static QVector<Option> only(const QStringList& names);
+
+    // Reads those options of the group that the command declares into `target`; false after
+    // the usage error has been printed.
+    static bool read(const Invocation& in, Target& target);
+
+    // Scales the pool from the screen it was designed for to the target's, where sizes of both
+    // were given. Objects read from pool bytes first learn the area they are drawn in.
+    static void scale(Object_pool& pool, const Target& target, bool is_description);
+};
+
+}
+
+#endif
