@@ -98,6 +98,15 @@ void set_values(const std::tuple<A&...>& attributes, const V&... values)
     std::apply([&](A&... a) { (set_value(a, values), ...); }, attributes);
 }
 
+// Index of the first placement in `list` of object `id`, or -1.
+inline int find_child_location(const Attribute_list<Attribute_object_placement>& list, unsigned short id)
+{
+    for (uint32_t i = 0; i < list.held(); ++i)
+        if (list[i].get_object_id() == id)
+            return int(i);
+    return -1;
+}
+
 // The line that objects holding raw bytes add to their print, one level below `indent`:
 // "Bytes: " and the first n bytes of the array in hex, each followed by two blanks.
 inline void print_bytes_line(std::ostream& os, int indent, const Attribute_array_uint8& bytes, uint32_t n)
@@ -235,6 +244,25 @@ private:                                                                        
     {                                     \
         __check_locked();                 \
         return height;                    \
+    }
+
+// The children placed in LIST of an object with a size of its own: justify_placements() lays
+// the justified ones out within the size less MARGIN pixels on each side, __get_child_loc(id)
+// is the index of the first placement of object id, or -1.
+#define VT_PLACED_CHILDREN(LIST, MARGIN)                                                            \
+    void justify_placements()                                                                       \
+    {                                                                                               \
+        const Lock guard(*this);                                                                    \
+        __justify_placements();                                                                     \
+    }                                                                                               \
+    void __justify_placements()                                                                     \
+    {                                                                                               \
+        __check_locked();                                                                           \
+        justify(LIST, int16_t(_get_width() - 2 * (MARGIN)), int16_t(_get_height() - 2 * (MARGIN))); \
+    }                                                                                               \
+    int __get_child_loc(unsigned short id) const                                                    \
+    {                                                                                               \
+        return find_child_location(LIST, id);                                                       \
     }
 
 #define VT_CHILD_LOCATION_GETTERS(LIST)                                                  \

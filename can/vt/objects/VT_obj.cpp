@@ -110,6 +110,19 @@ bool VT_obj::__set_by_spec(scale_area_t area)
     return all;
 }
 
+bool VT_obj::__set_by_spec_counted(scale_area_t area, Attribute_list<Attribute_object_placement>& list,
+                                   const char* count_name)
+{
+    uint8_t declared = 0;
+    if (!spec_node || !spec_node->get_uint8(&declared, count_name))
+        return VT_obj::__set_by_spec(area);
+    list.set_length(declared);
+    const bool all = VT_obj::__set_by_spec(area);
+    // Reading the listed entries reset the count to what was listed.
+    list.set_length(declared);
+    return all;
+}
+
 uint16_t VT_obj::__get_scaling_child() const
 {
     return NULL_ID;
@@ -254,9 +267,10 @@ int VT_obj::__deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_re
             continue;
         int r = a->deserialise(0, buf, remaining, res);
         if (r < 0) {
-            Debug_print::dprint("Deser: obj ID %hu, type '%s' (%d), attrib [%d] ('%s' %d) deser from (%d, %p, %d) failed: %d\n",
-                                __get_id(), __get_type_string(), int(__get_type()), int(i), a->name ? a->name : "",
-                                int(a->get_type()), 0, static_cast<void*>(buf), remaining, r);
+            Debug_print::dprint(
+                "Deser: obj ID %hu, type '%s' (%d), attrib [%d] ('%s' %d) deser from (%d, %p, %d) failed: %d\n",
+                __get_id(), __get_type_string(), int(__get_type()), int(i), a->name ? a->name : "", int(a->get_type()),
+                0, static_cast<void*>(buf), remaining, r);
             return -1;
         }
         int need = a->num_bytes();

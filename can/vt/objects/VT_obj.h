@@ -106,6 +106,12 @@ public:
     void** get_list_hook(int which) { return which ? list_hook_b : list_hook_a; }
 
 protected:
+    // __set_by_spec for an object whose description may declare how many entries `list` has
+    // (under `count_name`) apart from the entries it lists: the declared count wins, entries not
+    // listed becoming NULL references.
+    bool __set_by_spec_counted(scale_area_t area, Attribute_list<Attribute_object_placement>& list,
+                               const char* count_name);
+
     void* list_hook_a[6];
     void* list_hook_b[6];
     Spec_node* spec_node;

@@ -29,12 +29,8 @@ public:
 
     VT_SIZE_FROM_ATTRIBUTES
 
-    // Lays the justified children out within the button's face: 4 pixels of border are
-    // taken off each side.
-    void justify_placements();
-    void __justify_placements();
-    // Index of the first placement of object `id`, or -1.
-    int __get_child_loc(unsigned short id) const;
+    // The children are laid out within the button's face, inside a border of 4 pixels.
+    VT_PLACED_CHILDREN(child_location, 4)
 
     VT_ATTRIBUTE_GETTERS(background_colour, border_colour, key_code, options, num_objects, num_macros)
     VT_CHILD_LOCATION_GETTERS(child_location)

@@ -24,14 +24,12 @@ public:
 
     // A pool description may declare its child count ("num_objects") apart from the children it lists;
     // the declared count wins, missing children becoming NULL references.
-    bool __set_by_spec(scale_area_t area) override;
+    bool __set_by_spec(scale_area_t area) override
+    {
+        return __set_by_spec_counted(area, child_location, num_objects.name);
+    }
     VT_SIZE_FROM_ATTRIBUTES
-
-    // Lays the justified children out within the container's area.
-    void justify_placements();
-    void __justify_placements();
-    // Index of the first placement of object `id`, or -1.
-    int __get_child_loc(unsigned short id) const;
+    VT_PLACED_CHILDREN(child_location, 0)
 
     VT_ATTRIBUTE_GETTERS(hidden, num_objects, num_macros)
     VT_CHILD_LOCATION_GETTERS(child_location)
@@ -40,9 +38,6 @@ public:
     VT_OBJECT_TABLES(TYPE_CONTAINER, (width, height, hidden),
                      (width, height, hidden, num_objects, num_macros, child_location, event_macro))
 };
-
-// Index of the first placement in `list` of object `id`, or -1.
-int find_child_location(const Attribute_list<Attribute_object_placement>& list, unsigned short id);
 
 }
 

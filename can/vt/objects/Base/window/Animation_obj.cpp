@@ -3,8 +3,6 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "can/vt/objects/Base/mask/Container_obj.h"
-
 namespace VT::Base {
 
 Animation_obj::Animation_obj(uint16_t id, const char* name, uint16_t width_, uint16_t height_,
@@ -21,20 +19,8 @@ Animation_obj::Animation_obj(uint16_t id, const char* name, uint16_t width_, uin
 
 bool Animation_obj::__set_by_spec(scale_area_t area)
 {
-    uint8_t declared = 0;
-    bool result;
-    uint32_t count;
-    if (spec_node && spec_node->get_uint8(&declared, num_objects.name)) {
-        // The declared count wins over the children listed: missing ones become NULL entries.
-        child_location.set_length(declared);
-        result = VT_obj::__set_by_spec(area);
-        child_location.set_length(declared);
-        count = declared;
-    } else {
-        result = VT_obj::__set_by_spec(area);
-        count = child_location.get_length();
-    }
-    for (uint32_t i = 0; i < count; ++i) {
+    const bool result = __set_by_spec_counted(area, child_location, num_objects.name);
+    for (uint32_t i = 0; i < child_location.get_length(); ++i) {
         if (child_location[i].get_object_id() == NULL_ID) {
             std::cerr << "FATAL ERROR!  Animation '" << get_name() << "' refers to the NULL object in child " << i + 1
                       << std::endl;
@@ -42,23 +28,6 @@ bool Animation_obj::__set_by_spec(scale_area_t area)
         }
     }
     return result;
-}
-
-void Animation_obj::justify_placements()
-{
-    const Lock guard(*this);
-    __justify_placements();
-}
-
-void Animation_obj::__justify_placements()
-{
-    __check_locked();
-    justify(child_location, int16_t(_get_width()), int16_t(_get_height()));
-}
-
-int Animation_obj::__get_child_loc(unsigned short id) const
-{
-    return find_child_location(child_location, id);
 }
 
 }

@@ -33,10 +33,7 @@ public:
     // A pool description may declare more children than it lists ("num_objects"); every counted child
     // must name an object, or the pool is unusable and the process ends.
     bool __set_by_spec(scale_area_t area) override;
-    void justify_placements();
-    void __justify_placements();
-    // Index of the first child entry naming `id`, or -1.
-    int __get_child_loc(unsigned short id) const;
+    VT_PLACED_CHILDREN(child_location, 0)
 
     VT_ATTRIBUTE_GETTERS(width, height, refresh_interval, value, enabled, first_child_index, last_child_index,
                          default_child_index, options, num_objects, num_macros)
