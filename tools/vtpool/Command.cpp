@@ -129,7 +129,9 @@ int Invocation::usage_error(const QString& text) const
 
 bool Invocation::load(Object_pool& pool, bool verbose, bool* is_description, VT::Check::Loaded* loaded) const
 {
-    VT::Check::Loaded l = VT::Check::load(argument(), pool, verbose || (declares("verbose") && is_set("verbose")));
+    VT::Check::Loaded l =
+        VT::Check::load(argument(), pool, verbose || (declares("verbose") && is_set("verbose")),
+                        language.isEmpty() ? value("language").toUtf8() : language);
     for (const auto& d : l.duplicates)
         l.warnings.append(QStringLiteral("%1: %2 at offset %3 has the id of %4 at offset %5")
                               .arg(argument(), VT::object_label(pool.objects()[d.first]))
@@ -163,6 +165,11 @@ bool Invocation::load_named(Object_pool& pool, bool* is_description) const
 Option Invocation::names_option()
 {
     return {{"names"}, "IDS.h", "object names from an ID header (#define NAME ID lines)"};
+}
+
+Option Invocation::language_option()
+{
+    return {{"language"}, "CODE", "a description's texts in this language (one it declares) instead of the default"};
 }
 
 bool Invocation::write_output(const QString& path, const QByteArray& bytes)

@@ -82,6 +82,9 @@ public:
     // said that the tool reports in its own words is shown as well.
     bool load(Object_pool& pool, bool verbose = false, bool* is_description = nullptr,
               VT::Check::Loaded* loaded = nullptr) const;
+    // The language a description is loaded in from now on (empty: its default language, or
+    // the command's --language).
+    void set_language(const QByteArray& code) { language = code; }
     // Loads it with its objects named as describe names them (and as --names gives them, where
     // the command has that option): a pool file goes through its description, so that its
     // references carry names.
@@ -93,6 +96,8 @@ public:
 
     // The option that names objects from an ID header.
     static Option names_option();
+    // The option that chooses a description's language (docs/description-format.md).
+    static Option language_option();
 
     // Values of options: a decimal or 0x-hexadecimal number up to `max`, a size WIDTHxHEIGHT.
     static bool parse_number(const QString& text, unsigned max, unsigned& out);
@@ -105,6 +110,7 @@ private:
     QStringList args;
     QCommandLineParser parser;
     QStringList positional;
+    QByteArray language;
 };
 
 // What vtpool is, what its POOL and INPUT arguments are, and what its exit statuses mean: said
