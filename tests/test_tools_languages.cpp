@@ -271,3 +271,46 @@ TEST(ToolsLanguages, CheckReportsMissingTextsAndLanguagesTheWorkingSetDoesNotMat
     EXPECT_EQ(r2.findings[0].rule, "language-undeclared");
     EXPECT_EQ(r2.findings[0].value, "de");
 }
+
+TEST(ToolsLanguages, VtpoolBuildsEveryLanguageOrWritesNothing)
+{
+    QTemporaryDir out;
+    const QString example = QStringLiteral(VT_EXAMPLES_DIR "/realistic_languages.xml");
+    test::Outcome r = test::vtpool({"build", example, "--all-languages", "-o", out.path()});
+    ASSERT_EQ(r.status, 0) << r.err.toStdString();
+    const QByteArray en = test::read_file(out.filePath("realistic_languages_en.iop"));
+    ASSERT_FALSE(en.isEmpty());
+    EXPECT_FALSE(QFile::exists(out.filePath("realistic_languages_en_partial.iop")));
+    for (const QString code : {"de", "fr"}) {
+        const QByteArray full = test::read_file(out.filePath("realistic_languages_" + code + ".iop"));
+        const QByteArray partial = test::read_file(out.filePath("realistic_languages_" + code + "_partial.iop"));
+        QByteArray applied;
+        QString error;
+        ASSERT_TRUE(Partial_pool::apply(en, partial, applied, &error)) << error.toStdString();
+        EXPECT_EQ(applied, full) << code.toStdString();
+        EXPECT_LT(partial.size(), full.size() / 4);
+        // The single builds give the same bytes.
+        r = test::vtpool({"build", example, "--partial-language", code, "-o", out.filePath("one.iop")});
+        ASSERT_EQ(r.status, 0) << r.err.toStdString();
+        EXPECT_EQ(test::read_file(out.filePath("one.iop")), partial);
+        r = test::vtpool({"build", example, "--language", code, "-o", out.filePath("one.iop")});
+        EXPECT_EQ(test::read_file(out.filePath("one.iop")), full);
+    }
+
+    // Usage, a default language asked for as partial, and a pool file asked for a language.
+    EXPECT_EQ(test::vtpool({"build", example, "--language", "de", "--all-languages", "-o", out.path()}).status, 2);
+    r = test::vtpool({"build", example, "--partial-language", "en", "-o", out.filePath("x.iop")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("'en' is the default language")) << r.err.toStdString();
+    r = test::vtpool({"build", out.filePath("realistic_languages_en.iop"), "--language", "de", "-o", out.filePath("x.iop")});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("a pool file holds its texts in one language")) << r.err.toStdString();
+
+    // A bad translation stops every build: no file at all.
+    Files broken(three_languages, {{"de", "title = \"Menge\"\n"}, {"fr", "title = \"far too long for it\"\n"}});
+    QTemporaryDir none;
+    r = test::vtpool({"build", broken.path("pool.xml"), "--all-languages", "-o", none.path()});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("texts/fr.txt:1: the 'fr' text of 'title'")) << r.err.toStdString();
+    EXPECT_TRUE(QDir(none.path()).isEmpty());
+}

@@ -267,6 +267,23 @@ QString general_help()
     return text;
 }
 
+void print_languages(const VT::Check::Loaded& loaded, const QByteArray& built, std::ostream& out)
+{
+    const VT::Translations* t = loaded.source.translations.get();
+    if (!t || t->languages().isEmpty())
+        return;
+    QStringList shown;
+    for (const QByteArray& code : t->languages()) {
+        QStringList notes;
+        if (code == t->default_language())
+            notes.append(QStringLiteral("default"));
+        if (code == (built.isEmpty() ? t->default_language() : built))
+            notes.append(QStringLiteral("built"));
+        shown.append(QString::fromUtf8(code) + (notes.isEmpty() ? QString() : " (" + notes.join(", ") + ")"));
+    }
+    out << "languages: " << shown.join(", ").toStdString() << std::endl;
+}
+
 void print_lines(const QStringList& lines, const char* prefix)
 {
     for (const QString& l : lines)

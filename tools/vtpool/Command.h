@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
+#include <ostream>
 #include <vector>
 
 #include "tools/check/Check_tool.h"
@@ -128,6 +129,10 @@ const std::vector<Exit_meaning>& exit_meanings();
 QString command_help(const Command& command);
 QString command_synopsis(const Command& command);
 QString general_help();
+
+// "languages: en (default), de (built), fr" for a description that declares languages, built
+// in `built` (empty: its default).
+void print_languages(const VT::Check::Loaded& loaded, const QByteArray& built, std::ostream& out);
 
 // Prints lines on the standard error stream, each after `prefix`.
 void print_lines(const QStringList& lines, const char* prefix = "");

@@ -6,29 +6,28 @@
 #include "tools/check/Object_facts.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/terminal/Terminal_limits.h"
+#include "tools/vtpool/Language_builds.h"
 #include "tools/vtpool/Terminal_options.h"
 
 namespace Vtpool {
 
 namespace {
 
-int run(Invocation& in)
+// One pool built from INPUT (a description in `language`, empty for its default) as it is
+// uploaded: checked, made the terminal's, serialised. False once the reason is printed.
+bool make_pool(Invocation& in, Target& target, unsigned chunk, const QByteArray& language, QByteArray& bytes,
+               int& objects, bool& is_description, std::shared_ptr<const VT::Translations>* translations = nullptr)
 {
-    Target target;
-    if (!Terminal_options::read(in, target))
-        return USAGE;
-    unsigned chunk = 1785;
-    if (in.is_set("chunk") && (!Invocation::parse_number(in.value("chunk"), 1 << 24, chunk) || chunk == 0))
-        return in.usage_error("--chunk takes a positive number of bytes");
-
     Object_pool pool;
-    bool is_description = false;
     VT::Check::Loaded loaded;
+    in.set_language(language);
     if (!in.load(pool, false, &is_description, &loaded))
-        return PROBLEM;
+        return false;
+    if (translations)
+        *translations = loaded.source.translations;
     const VT::Terminal& terminal = target.terminal;
     if (!VT::Check::may_build(loaded, pool, terminal.vt_version, !in.is_set("no-check"), std::cerr))
-        return PROBLEM;
+        return false;
     pool.set_serialisation_limits(VT::serialisation_limits(terminal));
     if (terminal.vt_version) {
         pool.set_negotiated_version(uint8_t(terminal.vt_version));
@@ -41,39 +40,51 @@ int run(Invocation& in)
     }
     Terminal_options::scale(pool, target, is_description);
 
-    QString out_path = in.value("output");
-    QFile out(out_path);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        std::cerr << "error: cannot write '" << out_path.toStdString() << "': " << out.errorString().toStdString()
-                  << std::endl;
-        return PROBLEM;
-    }
-    qint64 written = 0;
-    bool write_failed = false;
-    QByteArray streamed;
-    VT::Pool_file::write_chunks(pool, int(chunk), [&](const uint8_t* p, int n) {
-        streamed.append(reinterpret_cast<const char*>(p), n);
-        if (out.write(reinterpret_cast<const char*>(p), n) != n)
-            write_failed = true;
-        written += n;
-    });
-    out.close();
-    if (write_failed || out.error() != QFile::NoError) {
-        std::cerr << "error: writing '" << out_path.toStdString() << "' failed" << std::endl;
-        return PROBLEM;
-    }
     // The upload in buffers must give the bytes of the whole pool serialised at once.
-    if (streamed != VT::Pool_file::write(pool)) {
+    bytes.clear();
+    VT::Pool_file::write_chunks(pool, int(chunk), [&](const uint8_t* p, int n) {
+        bytes.append(reinterpret_cast<const char*>(p), n);
+    });
+    if (bytes != VT::Pool_file::write(pool)) {
         std::cerr << "error: the pool serialised in buffers of " << chunk
-                  << " bytes differs from the pool serialised at once" << std::endl;
-        return PROBLEM;
+                  << " bytes differs from the pool serialised at once; nothing written" << std::endl;
+        return false;
     }
+    objects = pool.size();
+    return true;
+}
+
+int run(Invocation& in)
+{
+    Target target;
+    if (!Terminal_options::read(in, target))
+        return USAGE;
+    unsigned chunk = 1785;
+    if (in.is_set("chunk") && (!Invocation::parse_number(in.value("chunk"), 1 << 24, chunk) || chunk == 0))
+        return in.usage_error("--chunk takes a positive number of bytes");
+    if (in.is_set("language") + in.is_set("partial-language") + in.is_set("all-languages") > 1)
+        return in.usage_error("give one of --language, --partial-language and --all-languages");
+    if (in.is_set("partial-language") || in.is_set("all-languages"))
+        return Language_builds::run(in, [&](const QByteArray& language, QByteArray& bytes, int& objects,
+                                            std::shared_ptr<const VT::Translations>* translations) {
+            bool is_description = false;
+            return make_pool(in, target, chunk, language, bytes, objects, is_description, translations);
+        });
+
+    QByteArray streamed;
+    int objects = 0;
+    bool is_description = false;
+    if (!make_pool(in, target, chunk, in.value("language").toUtf8(), streamed, objects, is_description))
+        return PROBLEM;
+    const QString out_path = in.value("output");
+    if (!Invocation::write_output(out_path, streamed))
+        return PROBLEM;
     if (!is_description && !target.named) {
         QFile input(in.argument());
         if (input.open(QIODevice::ReadOnly) && input.readAll() != streamed)
             std::cerr << "warning: the pool written differs from the pool read" << std::endl;
     }
-    std::cout << "wrote " << pool.size() << " objects, " << written << " bytes to " << out_path.toStdString()
+    std::cout << "wrote " << objects << " objects, " << streamed.size() << " bytes to " << out_path.toStdString()
               << std::endl;
     return OK;
 }
@@ -90,8 +101,12 @@ Command build_command()
             "file is written back as it was read.\n"
             "The pool is checked first (the error rules of vtpool check, with --vt-version when\n"
             "given) and not built when an error is found; a pool file that uses an id twice is\n"
-            "never built.\n",
-            QVector<Option>{Option::output("POOL.iop", "where to write the pool")} + Terminal_options::all() +
+            "never built.\n"
+            "A description that declares languages is built in its default language, or in the one\n"
+            "--language names; --partial-language writes only the objects that language changes,\n"
+            "--all-languages a full and a partial pool of every language (docs/description-format.md).\n",
+            QVector<Option>{Option::output("POOL.iop", "where to write the pool (a folder with --all-languages)")} +
+                Terminal_options::all() + Language_builds::options() +
                 QVector<Option>{{{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
                                 {{"no-check"}, "", "build even when the checks find errors"},
                                 {{"verbose"}, "", "also show what the library said that is reported otherwise"}},

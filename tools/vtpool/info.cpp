@@ -11,8 +11,10 @@ namespace {
 int run(Invocation& in)
 {
     Object_pool pool;
-    if (!in.load(pool))
+    VT::Check::Loaded loaded;
+    if (!in.load(pool, false, nullptr, &loaded))
         return PROBLEM;
+    print_languages(loaded, in.value("language").toUtf8(), std::cout);
     VT::Report::info(pool, std::cout);
     std::cout.flush();
     return OK;
@@ -26,7 +28,7 @@ Command info_command()
             "objects and bytes per type, the largest objects",
             {"POOL"},
             "Objects and bytes per type, and the largest objects.\n",
-            {{{"verbose"}, "", "also show what the library said that is reported otherwise"}},
+            {Invocation::language_option(), {{"verbose"}, "", "also show what the library said that is reported otherwise"}},
             run};
 }
 
