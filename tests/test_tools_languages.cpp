@@ -297,6 +297,13 @@ TEST(ToolsLanguages, VtpoolBuildsEveryLanguageOrWritesNothing)
         EXPECT_EQ(test::read_file(out.filePath("one.iop")), full);
     }
 
+    // The other commands take the language too.
+    r = test::vtpool({"info", example, "--language", "de"});
+    EXPECT_TRUE(r.out.startsWith("languages: en (default), de (built), fr\n")) << r.out.toStdString();
+    for (const QString code : {"en", "de"})
+        ASSERT_EQ(test::vtpool({"render", example, "--language", code, "-o", out.filePath(code + ".png")}).status, 0);
+    EXPECT_NE(test::read_file(out.filePath("en.png")), test::read_file(out.filePath("de.png")));
+
     // Usage, a default language asked for as partial, and a pool file asked for a language.
     EXPECT_EQ(test::vtpool({"build", example, "--language", "de", "--all-languages", "-o", out.path()}).status, 2);
     r = test::vtpool({"build", example, "--partial-language", "en", "-o", out.filePath("x.iop")});

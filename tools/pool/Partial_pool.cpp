@@ -37,6 +37,15 @@ bool split(const QByteArray& bytes, const char* which, QVector<Object_bytes>& ou
     return true;
 }
 
+// Where each id stands among the objects.
+QHash<uint16_t, int> positions(const QVector<Object_bytes>& objects)
+{
+    QHash<uint16_t, int> at;
+    for (int i = 0; i < objects.size(); ++i)
+        at.insert(objects[i].id, i);
+    return at;
+}
+
 }
 
 bool Partial_pool::differing(const QByteArray& base, const QByteArray& changed, QByteArray& out, QString* error,
@@ -45,9 +54,7 @@ bool Partial_pool::differing(const QByteArray& base, const QByteArray& changed, 
     QVector<Object_bytes> before, after;
     if (!split(base, "base", before, error) || !split(changed, "changed", after, error))
         return false;
-    QHash<uint16_t, int> at;
-    for (int i = 0; i < before.size(); ++i)
-        at.insert(before[i].id, i);
+    const QHash<uint16_t, int> at = positions(before);
     out.clear();
     int n = 0;
     for (const Object_bytes& o : after) {
@@ -67,9 +74,7 @@ bool Partial_pool::apply(const QByteArray& base, const QByteArray& partial, QByt
     QVector<Object_bytes> objects, replacing;
     if (!split(base, "base", objects, error) || !split(partial, "partial", replacing, error))
         return false;
-    QHash<uint16_t, int> at;
-    for (int i = 0; i < objects.size(); ++i)
-        at.insert(objects[i].id, i);
+    QHash<uint16_t, int> at = positions(objects);
     for (const Object_bytes& o : replacing) {
         const int i = at.value(o.id, -1);
         if (i < 0) {

@@ -15,7 +15,7 @@ struct Output
 {
     QString path;
     QByteArray bytes;
-    int objects;
+    int objects = 0;
     QString what;
 };
 
