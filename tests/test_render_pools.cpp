@@ -199,6 +199,6 @@ TEST(RenderPools, VtpoolRenderDrawsMasksAndObjectsOrSaysWhatItCannotFind)
     // Bad usage: status 2.
     for (const QStringList& args : {QStringList{"--all"}, QStringList{"--scale", "0"}, QStringList{"--colours", "8"},
                                     QStringList{"--mask", "work", "--object", "title"},
-                                    QStringList{"--key-size", "60"}, QStringList{"--soft-keys", "65"}})
+                                    QStringList{"--key-size", "0x60"}, QStringList{"--soft-keys", "65"}})
         EXPECT_EQ(vtpool(QStringList{"render", example} + args).status, 2) << args.join(" ").toStdString();
 }

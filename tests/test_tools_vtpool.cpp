@@ -259,7 +259,7 @@ TEST(ToolsVtpool, BadCommandLinesNameTheOptionAtFault)
         {{"dump", "a.xml", "--bogus=3"}, "vtpool dump: unknown option --bogus"},
         {{"dump", "a.xml", "--bytes=1"}, "vtpool dump: --bytes takes no value"},
         {{"check", "a.xml", "--colours", "16"}, "vtpool check: unknown option --colours"},
-        {{"check", "a.xml", "--vt-version", "1"}, "vtpool check: --vt-version takes a VT version such as 3 or 6"},
+        {{"check", "a.xml", "--vt-version", "1"}, "vtpool check: --vt-version takes a VT version from 2 to 6"},
         {{"build", "a.xml", "-o", "a.iop", "--key-size", "90x120"},
          "vtpool build: --key-size and --design-key-size go together"},
         {{"build", "a.xml", "-o", "a.iop", "--small-fonts", "0x100"},

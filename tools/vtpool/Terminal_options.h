@@ -17,11 +17,12 @@ struct Target
 };
 
 // The options that describe the terminal a pool is meant for, declared once for every command
-// that targets one.
+// that targets one: --terminal FILE, one option per terminal property (tools/terminal/
+// Terminal_properties.h) overriding the file, and the sizes the pool was designed for.
 class Terminal_options
 {
 public:
-    // The whole group, or those of its options named (without dashes).
+    // The whole group, or --terminal and those of its options named (without dashes).
     static QVector<Option> all();
     static QVector<Option> only(const QStringList& names);
 
