@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "tools/check/Structure_check.h"
+#include "tools/output/Output_file.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/terminal/Terminal_limits.h"
 #include "tools/vtpool/Terminal_options.h"
@@ -44,25 +45,18 @@ int run(Invocation& in)
         VT::Scaling::scale(pool, mask_ratio, key_ratio);
     }
 
-    QString out_path = in.value("output");
-    QFile out(out_path);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        std::cerr << "error: cannot write '" << out_path.toStdString() << "': " << out.errorString().toStdString()
-                  << std::endl;
-        return PROBLEM;
-    }
+    const QString out_path = in.value("output");
+    VT::Output_file out(out_path);
     qint64 written = 0;
-    bool write_failed = false;
     QByteArray streamed;
-    VT::Pool_file::write_chunks(pool, int(chunk), [&](const uint8_t* p, int n) {
-        streamed.append(reinterpret_cast<const char*>(p), n);
-        if (out.write(reinterpret_cast<const char*>(p), n) != n)
-            write_failed = true;
-        written += n;
-    });
-    out.close();
-    if (write_failed || out.error() != QFile::NoError) {
-        std::cerr << "error: writing '" << out_path.toStdString() << "' failed" << std::endl;
+    if (out.open())
+        VT::Pool_file::write_chunks(pool, int(chunk), [&](const uint8_t* p, int n) {
+            streamed.append(reinterpret_cast<const char*>(p), n);
+            out.write(p, size_t(n));
+            written += n;
+        });
+    if (!out.commit()) {
+        std::cerr << "error: " << out.error().toStdString() << std::endl;
         return PROBLEM;
     }
     // The upload in buffers must give the bytes of the whole pool serialised at once.

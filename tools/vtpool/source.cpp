@@ -1,8 +1,8 @@
 // vtpool source: C++ source that compiles a pool in.
-#include <QFile>
 #include <iostream>
 #include <sstream>
 
+#include "tools/output/Output_file.h"
 #include "tools/source/Source_generator.h"
 #include "tools/vtpool/Command.h"
 
@@ -21,12 +21,9 @@ int run(Invocation& in)
         std::cerr << "error: " << error.toStdString() << std::endl;
         return PROBLEM;
     }
-    QString out_path = in.value("output");
-    QFile out(out_path);
-    std::string s = text.str();
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-        out.write(s.data(), qint64(s.size())) != qint64(s.size())) {
-        std::cerr << "error: cannot write '" << out_path.toStdString() << "'" << std::endl;
+    const std::string s = text.str();
+    if (!VT::Output_file::write_file(in.value("output"), QByteArray::fromStdString(s), &error)) {
+        std::cerr << "error: " << error.toStdString() << std::endl;
         return PROBLEM;
     }
     return OK;
