@@ -11,7 +11,7 @@
 
 #include "test_support.h"
 #include "tools/pool/Pool_loader.h"
-#include "tools/render/Colour_reduction.h"
+#include "tools/terminal/Colour_reduction.h"
 #include "tools/render/Png_writer.h"
 #include "tools/render/Renderer.h"
 
@@ -113,7 +113,7 @@ TEST(RenderPools, EveryMaskAndObjectOfTheRealPoolsAndExamplesDraws)
             Renderer renderer(terminal, pool);
             QSet<uint32_t> allowed;
             for (int i = 0; i < colours; ++i)
-                allowed.insert(VT::Render::terminal_rgb(uint8_t(i), 256));
+                allowed.insert(VT::terminal_rgb(uint8_t(i), 256));
             const QVector<VT::VT_obj*> masks = Renderer::masks(pool);
             EXPECT_FALSE(masks.isEmpty());
             for (VT::VT_obj* mask : masks) {

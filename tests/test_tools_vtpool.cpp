@@ -143,10 +143,10 @@ TEST(ToolsVtpool, TerminalOptionsShapeTheBytesAndTheCheck)
     ASSERT_EQ(reduced.size(), 16);
     EXPECT_EQ(uint8_t(reduced[3]), 12) << "red on a 16-colour terminal";
     EXPECT_EQ(uint8_t(reduced[8 + 3]), 12);
-    EXPECT_EQ(uint8_t(reduced[8 + 4]), 4) << "the largest supported size below 6";
+    EXPECT_EQ(uint8_t(reduced[8 + 4]), 3) << "12x16, the largest size of mask 0x0F (6x8 to 12x16) below 24x32";
     EXPECT_EQ(uint8_t(reduced[8 + 6]), 1) << "styles the terminal lacks are dropped";
     QByteArray mono = build({"--colours", "2"});
-    EXPECT_EQ(uint8_t(mono[3]), 2);
+    EXPECT_EQ(uint8_t(mono[3]), 0) << "red is dark: black";
 
     // The realistic example holds a PNG object: version 6.
     Outcome r = vtpool({"check", QStringLiteral(VT_EXAMPLES_DIR "/realistic.xml"), "--vt-version", "5"});

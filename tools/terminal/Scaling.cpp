@@ -55,13 +55,18 @@ void Scaling::propagate_areas(Object_pool& pool)
     }
 }
 
+const Scaling::Ratio& Scaling::ratio_for(const VT_obj& obj, const Ratio& mask, const Ratio& key)
+{
+    scale_area_t area = obj.__get_scale_area_type();
+    if (area == SCALE_AREA_NONE)
+        area = obj.get_scale_area();
+    return area == SCALE_AREA_SOFT_KEY ? key : mask;
+}
+
 void Scaling::scale(Object_pool& pool, const Ratio& mask, const Ratio& key)
 {
     for (VT_obj* obj : pool.objects()) {
-        scale_area_t area = obj->__get_scale_area_type();
-        if (area == SCALE_AREA_NONE)
-            area = obj->get_scale_area();
-        const Ratio& r = area == SCALE_AREA_SOFT_KEY ? key : mask;
+        const Ratio& r = ratio_for(*obj, mask, key);
         if (r.active)
             obj->set_scale(r.num_x, r.num_y, r.den_x, r.den_y);
     }

@@ -37,6 +37,8 @@ public:
     // Scales each object by the ratio of the area it is used in: the soft-key ratio for soft-key
     // masks, keys and what they hold, the data-mask ratio for everything else.
     static void scale(Object_pool& pool, const Ratio& mask, const Ratio& key);
+    // The ratio scale() applies to `obj`.
+    static const Ratio& ratio_for(const VT_obj& obj, const Ratio& mask, const Ratio& key);
 };
 
 }

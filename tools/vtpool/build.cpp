@@ -1,12 +1,10 @@
 // vtpool build: a description or pool file written as pool bytes for a terminal.
 #include <QFile>
-#include <QSet>
 #include <iostream>
 
-#include "tools/check/Structure_check.h"
 #include "tools/output/Output_file.h"
 #include "tools/pool/Pool_file.h"
-#include "tools/terminal/Terminal_limits.h"
+#include "tools/terminal/Terminal_adaptation.h"
 #include "tools/vtpool/Terminal_options.h"
 
 namespace Vtpool {
@@ -26,23 +24,18 @@ int run(Invocation& in)
     bool is_description = false;
     if (!in.load(pool, in.is_set("verbose"), &is_description))
         return PROBLEM;
-    const VT::Terminal& terminal = target.terminal;
-    pool.set_serialisation_limits(VT::serialisation_limits(terminal));
-    if (terminal.vt_version) {
-        pool.set_negotiated_version(uint8_t(terminal.vt_version));
-        QSet<uint8_t> types;
-        for (unsigned t = 0; t < 256; ++t)
-            if (int needs = VT::Structure_check::type_version(t))
-                if (needs <= terminal.vt_version)
-                    types.insert(uint8_t(t));
-        pool.set_supported_types(types);
-    }
-    const VT::Scaling::Ratio mask_ratio = VT::Scaling::mask_ratio(terminal, target.design);
-    const VT::Scaling::Ratio key_ratio = VT::Scaling::key_ratio(terminal, target.design);
-    if (mask_ratio.active || key_ratio.active) {
-        if (!is_description)
+    // A pool file written without terminal options is written back as it was read.
+    if (is_description || target.named) {
+        if (!is_description && (target.design.mask_width || target.design.key_width))
             VT::Scaling::propagate_areas(pool);
-        VT::Scaling::scale(pool, mask_ratio, key_ratio);
+        QStringList problems, warnings;
+        const bool adapted = VT::Terminal_adaptation::adapt(pool, target.terminal, target.design, problems, warnings);
+        print_lines(warnings, "warning: ");
+        print_lines(problems, "error: ");
+        if (!adapted) {
+            std::cerr << "error: the pool cannot be made one this terminal loads; nothing written" << std::endl;
+            return PROBLEM;
+        }
     }
 
     const QString out_path = in.value("output");

@@ -1,0 +1,220 @@
+// Every example description and every real pool, built for terminals of 2, 16 and 256 colours
+// and VT versions 3 to 6, with and without scaling, the way vtpool build does it: each output
+// reads back, checks clean for its VT version and holds only what its terminal has, and every
+// picture in it decodes to an image of its declared size. Monochrome pictures must equal a
+// reduction computed here, by luminance, from the pictures of the source.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QImage>
+#include <functional>
+#include <map>
+
+#include "tools/check/Structure_check.h"
+#include "tools/pool/Pool_file.h"
+#include "tools/pool/Pool_loader.h"
+#include "tools/terminal/Terminal_adaptation.h"
+#include "vt_core.h"
+
+using namespace VT;
+
+namespace {
+
+// Black or white for a palette colour, by luminance 0.299 R + 0.587 G + 0.114 B against 128.
+int black_or_white(int index)
+{
+    unsigned a = 0, r = 0, g = 0, b = 0;
+    Colours::get_vt_colour(index, a, r, g, b);
+    return (299 * r + 587 * g + 114 * b) / 1000 >= 128 ? 1 : 0;
+}
+
+// The monochrome picture expected from a source picture's pixels: each pixel black or white;
+// where the picture has transparent pixels, they take the transparency colour's and no opaque
+// pixel takes it.
+std::vector<int> expected_monochrome(const std::vector<int>& source, bool transparent, int transparency)
+{
+    bool any = false;
+    for (int p : source)
+        any = any || (transparent && p == transparency);
+    const int clear = black_or_white(transparency);
+    std::vector<int> out;
+    for (int p : source) {
+        const int bw = black_or_white(p);
+        out.push_back(any && p == transparency ? clear : any && bw == clear ? 1 - clear : bw);
+    }
+    return out;
+}
+
+std::vector<int> pixels_of(Base::Picture_graphic_obj& p)
+{
+    const QImage image = p.get_qimage(true);
+    std::vector<int> out;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            out.push_back(image.pixelIndex(x, y));
+    return out;
+}
+
+// Whether a picture's data is exactly its rows: as many bytes as the rows take, or runs that
+// give exactly that many (count, value) bytes, no more and no fewer.
+QString data_problem(Base::Picture_graphic_obj& p)
+{
+    const int w = p.get_actual_width(), h = p.get_actual_height();
+    const int bits = p.get_format() == MONOCHROME ? 1 : p.get_format() == FOUR_BIT_COLOUR ? 4 : 8;
+    const uint64_t row_bytes = (uint64_t(w) * bits + 7) / 8;
+    const uint32_t n = p.get_num_bytes();
+    if (!(p.get_options() & Base::Picture_graphic_obj::OPTION_RUN_LENGTH))
+        return n == row_bytes * h ? QString() : QStringLiteral("%1 bytes for %2 rows of %3").arg(n).arg(h).arg(row_bytes);
+    if (n % 2)
+        return QStringLiteral("an odd count of run-length bytes");
+    uint64_t expanded = 0;
+    for (uint32_t i = 0; i < n; i += 2)
+        expanded += *p.get_bytes(i);
+    return expanded == row_bytes * h ? QString() : QStringLiteral("runs of %1 bytes for %2").arg(expanded).arg(row_bytes * h);
+}
+
+struct Source
+{
+    QString path;
+    bool description;
+};
+
+struct Configuration
+{
+    int colours;
+    int version;
+    bool scaled;
+    QString name() const
+    {
+        return QStringLiteral("%1 colours, VT%2%3").arg(colours).arg(version).arg(scaled ? ", scaled" : "");
+    }
+};
+
+bool load(const Source& s, Object_pool& pool)
+{
+    QStringList problems, warnings;
+    const bool ok = Pool_loader::load(s.path, pool, problems, warnings);
+    EXPECT_TRUE(ok) << s.path.toStdString() << ": " << problems.join("\n").toStdString();
+    return ok;
+}
+
+// Builds `source` for every terminal; counts in `compared` the pictures compared with their
+// expected monochrome form.
+void build_for_every_terminal(const Source& source, int& compared)
+{
+    SCOPED_TRACE(source.path.toStdString());
+    Object_pool original;
+    if (!load(source, original))
+        return;
+    const int needed = Structure_check::check(original, 0).needed_version;
+    for (int colours : {2, 16, 256})
+        for (int version : {3, 4, 5, 6})
+            for (bool scaled : {false, true}) {
+                const Configuration c{colours, version, scaled};
+                SCOPED_TRACE(c.name().toStdString());
+                // A pool that needs a later version than the terminal speaks is not built for it.
+                if (needed > version)
+                    continue;
+                Object_pool pool;
+                if (!load(source, pool))
+                    return;
+                Terminal terminal;
+                terminal.vt_version = version;
+                terminal.colours = colours;
+                terminal.small_fonts = 0x3F; // 6x8 to 16x24
+                terminal.large_fonts = 0x00;
+                terminal.font_styles = version >= 4 ? 0xFF : 0x7F;
+                Design_size design;
+                if (scaled) {
+                    design = {480, 480, 60, 60};
+                    terminal.data_mask_width = terminal.data_mask_height = 320;
+                    terminal.key_width = terminal.key_height = 40;
+                    if (!source.description)
+                        Scaling::propagate_areas(pool);
+                }
+                QStringList problems, warnings;
+                ASSERT_TRUE(Terminal_adaptation::adapt(pool, terminal, design, problems, warnings))
+                    << problems.join("\n").toStdString();
+                const QByteArray bytes = Pool_file::write(pool);
+
+                Object_pool back;
+                QString error;
+                ASSERT_TRUE(Pool_file::read(bytes, back, &error)) << error.toStdString();
+                EXPECT_EQ(Pool_file::write(back), bytes) << "read back, the pool writes the same bytes";
+                const Structure_check::Check_result check = Structure_check::check(back, version);
+                EXPECT_TRUE(check.problems.isEmpty()) << check.problems.join("\n").toStdString();
+
+                for (VT_obj* obj : back.objects()) {
+                    SCOPED_TRACE(obj->get_name());
+                    for (uint16_t i = 0; i < obj->get_num_every_attribute(); ++i) {
+                        auto* a = dynamic_cast<Attribute_uint8*>(obj->get_every_attribute(i));
+                        if (a && a->get_type() == Attribute::ATTR_COLOUR) {
+                            EXPECT_LT(a->get(), colours) << a->name;
+                        }
+                    }
+                    auto* font = dynamic_cast<Base::Font_attributes_obj*>(obj);
+                    if (font && !(font->get_font_style() & 0x80)) {
+                        EXPECT_LE(font->get_font_size(), 5) << "a size the terminal has";
+                    }
+                    if (auto* map = dynamic_cast<Base::Colour_map_obj*>(obj)) {
+                        EXPECT_EQ(map->get_num_colours(), colours);
+                    }
+                    if (auto* picture = dynamic_cast<Base::Picture_graphic_obj*>(obj)) {
+                        EXPECT_EQ(data_problem(*picture), QString());
+                        EXPECT_EQ(picture->get_qimage(true).size(),
+                                  QSize(picture->get_actual_width(), picture->get_actual_height()));
+                        EXPECT_LE(picture->get_format(), colours == 2 ? 0 : colours == 16 ? 1 : 2);
+                        if (colours == 2) {
+                            auto* from = dynamic_cast<Base::Picture_graphic_obj*>(original.find(obj->get_id()));
+                            ASSERT_NE(from, nullptr);
+                            EXPECT_EQ(pixels_of(*picture),
+                                      expected_monochrome(pixels_of(*from), from->get_options() & 1,
+                                                          from->get_transparency_colour()));
+                            ++compared;
+                        }
+                    }
+                    if (auto* png = dynamic_cast<Base::PNG_obj*>(obj)) {
+                        const QImage image = png->get_qimage().convertToFormat(QImage::Format_ARGB32);
+                        EXPECT_EQ(image.size(), QSize(png->get_actual_width(), png->get_actual_height()));
+                        if (colours == 2) {
+                            auto* from = dynamic_cast<Base::PNG_obj*>(original.find(obj->get_id()));
+                            ASSERT_NE(from, nullptr);
+                            const QImage source_image = from->get_qimage().convertToFormat(QImage::Format_ARGB32);
+                            for (int y = 0; y < image.height(); ++y)
+                                for (int x = 0; x < image.width(); ++x) {
+                                    const QRgb s = source_image.pixel(x, y);
+                                    const bool light = (299 * qRed(s) + 587 * qGreen(s) + 114 * qBlue(s)) / 1000 >= 128;
+                                    const QRgb expected = qAlpha(s) <= 0x80 ? 0u : light ? 0xFFFFFFFFu : 0xFF000000u;
+                                    ASSERT_EQ(image.pixel(x, y), expected) << x << "," << y;
+                                }
+                            ++compared;
+                        }
+                    }
+                }
+            }
+}
+
+}
+
+TEST(Terminal_matrix, EveryExampleBuildsForEveryTerminal)
+{
+    const QDir examples(QStringLiteral(VT_EXAMPLES_DIR));
+    const QStringList files = examples.entryList({"*.xml"}, QDir::Files);
+    ASSERT_FALSE(files.isEmpty());
+    int compared = 0;
+    for (const QString& f : files)
+        build_for_every_terminal({examples.filePath(f), true}, compared);
+    EXPECT_GT(compared, 0) << "monochrome pictures compared";
+}
+
+TEST(Terminal_matrix, EveryRealPoolBuildsForEveryTerminal)
+{
+    const QDir pools(QStringLiteral(VT_SHARED_POOLS_DIR));
+    const QStringList files = pools.entryList({"*.iop"}, QDir::Files);
+    if (files.isEmpty())
+        GTEST_SKIP() << "no real pools at " VT_SHARED_POOLS_DIR;
+    int compared = 0;
+    for (const QString& f : files)
+        build_for_every_terminal({pools.filePath(f), false}, compared);
+    EXPECT_GT(compared, 0) << "monochrome pictures compared";
+}

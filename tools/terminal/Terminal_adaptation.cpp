@@ -1,0 +1,266 @@
+#include "tools/terminal/Terminal_adaptation.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QSet>
+
+#include "tools/check/Structure_check.h"
+#include "tools/pictures/Picture_encoder.h"
+#include "tools/pool/Labels.h"
+#include "tools/terminal/Colour_reduction.h"
+#include "tools/terminal/Font_sizes.h"
+
+namespace VT {
+
+namespace {
+
+// The attribute of that name, as the class that holds it, or null.
+template <class A>
+A* attribute(VT_obj* obj, const char* name)
+{
+    const int at = obj->find_attribute(name);
+    return at < 0 ? nullptr : dynamic_cast<A*>(obj->get_every_attribute(uint16_t(at)));
+}
+
+// Replaces the elements of a byte array attribute.
+bool set_bytes(Attribute_array<unsigned char>* array, const QByteArray& bytes)
+{
+    if (!array || !array->allocate(uint32_t(bytes.size())))
+        return false;
+    if (!bytes.isEmpty())
+        array->set_elements(0, reinterpret_cast<const unsigned char*>(bytes.constData()), unsigned(bytes.size()));
+    return true;
+}
+
+format_t format_of(int colours)
+{
+    return colours == 2 ? MONOCHROME : colours == 16 ? FOUR_BIT_COLOUR : EIGHT_BIT_COLOUR;
+}
+
+// A dimension scaled by num/den, rounded down.
+int scaled(int value, uint16_t num, uint16_t den)
+{
+    return den ? int(int64_t(value) * num / den) : value;
+}
+
+void reduce_picture(Base::Picture_graphic_obj& picture, int colours)
+{
+    const int w = picture.get_actual_width(), h = picture.get_actual_height();
+    const QImage decoded = picture.get_qimage(true);
+    if (decoded.isNull() || decoded.format() != QImage::Format_Indexed8 || w <= 0 || h <= 0)
+        return;
+    QByteArray pixels(w * h, '\0');
+    for (int y = 0; y < h; ++y)
+        memcpy(pixels.data() + y * w, decoded.constScanLine(y), size_t(w));
+
+    uint8_t options = picture.get_options();
+    const uint8_t transparency = picture.get_transparency_colour();
+    const bool transparent = (options & Base::Picture_graphic_obj::OPTION_TRANSPARENT) &&
+                             pixels.contains(char(transparency));
+    // A transparent picture without a pixel of its transparency colour shows every pixel: it
+    // stays so without the option, whatever colour the transparency colour becomes.
+    options &= uint8_t(~(transparent ? 0 : Base::Picture_graphic_obj::OPTION_TRANSPARENT));
+
+    const format_t target = format_of(colours);
+    if (picture.get_format() > target) {
+        // Transparent pixels take the terminal's transparency colour; no opaque pixel may.
+        const uint8_t reduced_transparency = reduce_colour(transparency, colours);
+        for (char& c : pixels) {
+            const uint8_t v = uint8_t(c);
+            if (!transparent)
+                c = char(reduce_colour(v, colours));
+            else
+                c = char(v == transparency ? reduced_transparency
+                                           : reduce_colour_avoiding(v, colours, reduced_transparency));
+        }
+        QByteArray data = Picture_encoder::pack(pixels, w, h, target);
+        if (options & Base::Picture_graphic_obj::OPTION_RUN_LENGTH) {
+            const QByteArray runs = Picture_encoder::run_length_code(data, w, target);
+            if (runs.size() < data.size())
+                data = runs;
+            else
+                options &= uint8_t(~Base::Picture_graphic_obj::OPTION_RUN_LENGTH);
+        }
+        if (auto* format = attribute<Attribute_uint8>(&picture, "format"))
+            *format = uint8_t(target);
+        set_bytes(attribute<Attribute_array<unsigned char>>(&picture, "bytes"), data);
+    }
+    if (auto* o = attribute<Attribute_uint8>(&picture, "options"))
+        *o = options;
+}
+
+// A PNG object's image with the terminal's colours; false when it already has only those.
+// Pixels of alpha 0x80 or less are transparent (as the library reads them), all others opaque.
+bool reduce_png(Base::PNG_obj& png, int colours, QString& problem)
+{
+    QByteArray bytes(int(std::min<uint32_t>(png.get_num_bytes(), 1u << 30)), '\0');
+    if (!bytes.isEmpty() && !png.get_bytes(0, reinterpret_cast<unsigned char*>(bytes.data()), unsigned(bytes.size())))
+        bytes.clear();
+    QImage image = QImage::fromData(bytes, "PNG");
+    if (image.isNull()) {
+        problem = QStringLiteral("holds no PNG image that can be decoded");
+        return false;
+    }
+    image = image.convertToFormat(QImage::Format_ARGB32);
+    bool changed = false, any_transparent = false;
+    QVector<QRgb> table;
+    for (int y = 0; y < image.height(); ++y) {
+        QRgb* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb p = row[x];
+            const QRgb q = qAlpha(p) <= 0x80 ? 0u : 0xFF000000u | reduce_rgb(p, colours);
+            changed = changed || q != p;
+            any_transparent = any_transparent || q == 0;
+            row[x] = q;
+            if (table.size() <= 256 && !table.contains(q))
+                table.append(q);
+        }
+    }
+    if (!changed)
+        return false;
+    // With the few colours left, a palette image: 1 bit when only black and white remain.
+    const bool mono = colours == 2 && !any_transparent;
+    QImage coded = image.convertToFormat(mono ? QImage::Format_Mono : QImage::Format_Indexed8, table,
+                                         Qt::ThresholdDither | Qt::AvoidDither);
+    coded.setDotsPerMeterX(0); // no physical size chunk: the terminal draws pixels
+    coded.setDotsPerMeterY(0);
+    QByteArray out;
+    QBuffer buffer(&out);
+    buffer.open(QIODevice::WriteOnly);
+    if (!coded.save(&buffer, "PNG")) {
+        problem = QStringLiteral("its image could not be encoded again");
+        return false;
+    }
+    set_bytes(attribute<Attribute_array<unsigned char>>(&png, "bytes"), out);
+    return true;
+}
+
+}
+
+Serialisation_limits Terminal_adaptation::serialisation_limits()
+{
+    Serialisation_limits limits;
+    limits.colour_format = EIGHT_BIT_COLOUR;
+    limits.small_font_mask = limits.large_font_mask = limits.font_style_mask = 0xFF;
+    return limits;
+}
+
+void Terminal_adaptation::fit_fonts(Object_pool& pool, const Terminal& terminal, const Scaling::Ratio& mask,
+                                   const Scaling::Ratio& key, QStringList& problems)
+{
+    for (VT_obj* obj : pool.objects()) {
+        auto* font = dynamic_cast<Base::Font_attributes_obj*>(obj);
+        if (!font)
+            continue;
+        const Scaling::Ratio& r = Scaling::ratio_for(*obj, mask, key);
+        int size = font->get_font_size();
+        uint8_t style = font->get_font_style();
+        if (style & Font_sizes::STYLE_PROPORTIONAL) {
+            int height = r.active ? scaled(size, r.num_y, r.den_y) : size;
+            height = std::min(255, std::max(int(Font_sizes::MIN_PROPORTIONAL_HEIGHT), height));
+            if (Font_sizes::proportional(terminal)) {
+                size = height;
+            } else {
+                style &= uint8_t(~Font_sizes::STYLE_PROPORTIONAL);
+                size = Font_sizes::supported(terminal, Font_sizes::for_height(height));
+            }
+        } else {
+            if (size >= Font_sizes::COUNT) {
+                problems.append(QStringLiteral("%1: font size %2 is none of the fixed sizes 0 to 14, and the font "
+                                               "is not proportional")
+                                    .arg(object_label(obj))
+                                    .arg(size));
+                continue;
+            }
+            if (r.active) {
+                const Font_sizes::Cell cell = Font_sizes::cell(uint8_t(size));
+                size = Font_sizes::fitting(scaled(cell.width, r.num_x, r.den_x), scaled(cell.height, r.num_y, r.den_y));
+            }
+            size = Font_sizes::supported(terminal, uint8_t(size));
+        }
+        style &= terminal.font_styles;
+        if (auto* a = attribute<Attribute_uint8>(obj, "font_size"))
+            *a = uint8_t(size);
+        if (auto* a = attribute<Attribute_uint8>(obj, "font_style"))
+            *a = style;
+    }
+}
+
+void Terminal_adaptation::reduce_pictures(Object_pool& pool, const Terminal& terminal, QStringList& problems)
+{
+    if (terminal.colours != 2 && terminal.colours != 16)
+        return;
+    for (VT_obj* obj : pool.objects()) {
+        if (auto* picture = dynamic_cast<Base::Picture_graphic_obj*>(obj)) {
+            reduce_picture(*picture, terminal.colours);
+        } else if (auto* png = dynamic_cast<Base::PNG_obj*>(obj)) {
+            QString problem;
+            reduce_png(*png, terminal.colours, problem);
+            if (!problem.isEmpty())
+                problems.append(object_label(obj) + ": " + problem);
+        }
+    }
+}
+
+void Terminal_adaptation::reduce_colour_maps(Object_pool& pool, const Terminal& terminal)
+{
+    const int n = terminal.colours == 2 || terminal.colours == 16 ? terminal.colours : 256;
+    for (VT_obj* obj : pool.objects()) {
+        if (obj->get_type() != VT_obj_type::TYPE_COLOUR_MAP)
+            continue;
+        auto* entries = attribute<Attribute_array<unsigned char>>(obj, "colours");
+        if (!entries)
+            continue;
+        const unsigned held = entries->get_length();
+        QByteArray map(n, '\0');
+        bool same = held == unsigned(n);
+        for (int i = 0; i < n; ++i) {
+            map[i] = char(reduce_colour(unsigned(i) < held ? (*entries)[unsigned(i)] : uint8_t(i), n));
+            same = same && uint8_t(map[i]) == (*entries)[unsigned(i)];
+        }
+        if (!same)
+            set_bytes(entries, map);
+    }
+}
+
+void Terminal_adaptation::reduce_colours(Object_pool& pool, const Terminal& terminal)
+{
+    if (terminal.colours != 2 && terminal.colours != 16)
+        return;
+    for (VT_obj* obj : pool.objects())
+        for (uint16_t i = 0; i < obj->get_num_every_attribute(); ++i) {
+            Attribute* a = obj->get_every_attribute(i);
+            if (a && a->get_type() == Attribute::ATTR_COLOUR)
+                if (auto* colour = dynamic_cast<Attribute_uint8*>(a))
+                    *colour = reduce_colour(colour->get(), terminal.colours);
+        }
+}
+
+bool Terminal_adaptation::adapt(Object_pool& pool, const Terminal& terminal, const Design_size& design,
+                                QStringList& problems, QStringList& warnings)
+{
+    Q_UNUSED(warnings);
+    const int before = problems.size();
+    const Scaling::Ratio mask = Scaling::mask_ratio(terminal, design);
+    const Scaling::Ratio key = Scaling::key_ratio(terminal, design);
+    if (mask.active || key.active)
+        Scaling::scale(pool, mask, key);
+    fit_fonts(pool, terminal, mask, key, problems);
+    reduce_pictures(pool, terminal, problems);
+    reduce_colour_maps(pool, terminal);
+    reduce_colours(pool, terminal);
+
+    pool.set_serialisation_limits(serialisation_limits());
+    if (terminal.vt_version) {
+        pool.set_negotiated_version(uint8_t(terminal.vt_version));
+        QSet<uint8_t> types;
+        for (unsigned t = 0; t < 256; ++t)
+            if (int needs = Structure_check::type_version(t))
+                if (needs <= terminal.vt_version)
+                    types.insert(uint8_t(t));
+        pool.set_supported_types(types);
+    }
+    return problems.size() == before;
+}
+
+}
