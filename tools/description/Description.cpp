@@ -7,7 +7,9 @@
 #include <cstring>
 #include <iostream>
 #include <memory>
+#include <limits>
 #include <sstream>
+#include <type_traits>
 
 #include "tools/description/Values.h"
 #include "tools/description/Xml_reader.h"
@@ -349,6 +351,7 @@ void Description::read_values()
     auto process = [&](Xml_element* e, scale_area_t area) {
         done.insert(e);
         e->object->set_by_spec(area);
+        check_ranges(e);
     };
     QVector<Xml_element*> built;
     for (Xml_element* e : object_elements)
@@ -378,6 +381,89 @@ void Description::read_values()
 
     if (quiet)
         std::cout.rdbuf(old);
+}
+
+namespace {
+
+// A numeric attribute's range and the range of its type (a colour is a byte); false for
+// other attributes.
+struct Range
+{
+    qint64 min, max;        // the attribute's
+    qint64 type_min, type_max;
+};
+
+template <class T, Attribute::atype A>
+bool numeric_range(Attribute* a, Range& r)
+{
+    auto* n = dynamic_cast<Attribute_numbers_template<T, A>*>(a);
+    if (!n)
+        return false;
+    // 64-bit values are compared up to the largest signed value.
+    const qint64 top = std::numeric_limits<qint64>::max();
+    r.min = qint64(n->get_min());
+    r.type_min = qint64(std::numeric_limits<T>::min());
+    if constexpr (std::is_same<T, uint64_t>::value) {
+        r.max = n->get_max() > uint64_t(top) ? top : qint64(n->get_max());
+        r.type_max = top;
+    } else {
+        r.max = qint64(n->get_max());
+        r.type_max = qint64(std::numeric_limits<T>::max());
+    }
+    return true;
+}
+
+bool range_of(Attribute* a, Range& r)
+{
+    return numeric_range<uint8_t, Attribute::ATTR_UINT8>(a, r) || numeric_range<uint16_t, Attribute::ATTR_UINT16>(a, r) ||
+           numeric_range<uint32_t, Attribute::ATTR_UINT32>(a, r) || numeric_range<uint64_t, Attribute::ATTR_UINT64>(a, r) ||
+           numeric_range<int8_t, Attribute::ATTR_INT8>(a, r) || numeric_range<int16_t, Attribute::ATTR_INT16>(a, r) ||
+           numeric_range<int32_t, Attribute::ATTR_INT32>(a, r) || numeric_range<int64_t, Attribute::ATTR_INT64>(a, r);
+}
+
+// Whether the text's value lies in [min, max].
+bool within(bool negative, quint64 magnitude, qint64 min, qint64 max)
+{
+    if (negative)
+        return min < 0 && magnitude <= quint64(-(min + 1)) + 1;
+    return max >= 0 && magnitude <= quint64(max);
+}
+
+}
+
+// The library clamps a value outside its attribute's range (and cuts a colour number to its
+// low byte): a description names where it gave one.
+void Description::check_ranges(Xml_element* e)
+{
+    VT_obj* obj = e->object;
+    for (uint16_t i = 0; i < obj->get_num_every_attribute(); ++i) {
+        Attribute* a = obj->get_every_attribute(i);
+        const QByteArray* text = a && a->name ? e->attribute(a->name) : nullptr;
+        Range r{};
+        bool negative = false;
+        quint64 magnitude = 0;
+        if (!text || !range_of(a, r) || !Values::parse_integer(*text, negative, magnitude) ||
+            within(negative, magnitude, r.min, r.max))
+            continue;
+        // A number too wide for the attribute's type was reported when it was read; a colour is
+        // read as text and cut to its low byte.
+        const bool colour = a->get_type() == Attribute::ATTR_COLOUR;
+        if (!colour && !within(negative, magnitude, r.type_min, r.type_max))
+            continue;
+        const qint64 clamped = negative ? r.min : r.max;
+        const QString what = QStringLiteral("'%1' of <%2 name='%3'> is %4, outside its range %5 to %6")
+                                 .arg(QString::fromUtf8(a->name), QString::fromUtf8(e->name),
+                                      QString::fromUtf8(obj->get_name()), QString::fromUtf8(text->trimmed()))
+                                 .arg(r.min)
+                                 .arg(r.max);
+        if (!lenient) {
+            problem(e, what + " (--lenient takes the nearest value in range)");
+            continue;
+        }
+        warning(e, what + QStringLiteral("; taken as %1").arg(clamped));
+        if (auto* c = colour ? dynamic_cast<Attribute_uint8*>(a) : nullptr)
+            *c = uint8_t(clamped);
+    }
 }
 
 namespace {

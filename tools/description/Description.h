@@ -39,6 +39,9 @@ public:
     const QStringList& warnings() const { return warning_list; }
     // Library chatter on standard output during set_by_spec is dropped unless verbose.
     void set_verbose(bool on) { verbose = on; }
+    // Values outside their attribute's range are problems; lenient, they are warnings and the
+    // values are clamped into the range.
+    void set_lenient(bool on) { lenient = on; }
 
     const QString& file_name() const { return file; }
     QString where(const Xml_element* e) const;
@@ -75,6 +78,7 @@ private:
     void justify();
     bool root_size(const char* key, int& w, int& h);
     void report_unused(const Xml_element* e);
+    void check_ranges(Xml_element* e);
 
     QString file;
     QString base_dir;
@@ -88,6 +92,7 @@ private:
     QStringList problem_list;
     QStringList warning_list;
     bool verbose = false;
+    bool lenient = false;
 };
 
 }

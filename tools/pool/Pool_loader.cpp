@@ -23,7 +23,7 @@ bool looks_like_xml(const QByteArray& head)
 }
 
 bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                       bool verbose, bool* is_description)
+                       bool verbose, bool* is_description, bool lenient)
 {
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) {
@@ -39,6 +39,7 @@ bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& prob
         auto d = std::make_shared<Description>();
         pool.keep_alive(d);
         d->set_verbose(verbose);
+        d->set_lenient(lenient);
         bool ok = d->parse(content, path) && d->build(pool);
         problems += d->problems();
         warnings += d->warnings();

@@ -13,6 +13,11 @@ Option Option::output(const QString& value_name, const QString& help)
     return {{"o", "output"}, value_name, help, true};
 }
 
+Option Option::lenient()
+{
+    return {{"lenient"}, "", "values of a description outside their range: warn and clamp instead of failing"};
+}
+
 QString Option::spelled(const QString& name)
 {
     return (name.size() == 1 ? "-" : "--") + name;
@@ -125,7 +130,7 @@ int Invocation::usage_error(const QString& text) const
 bool Invocation::load(Object_pool& pool, bool verbose, bool* is_description) const
 {
     QStringList problems, warnings;
-    bool ok = VT::Pool_loader::load(argument(), pool, problems, warnings, verbose, is_description);
+    bool ok = VT::Pool_loader::load(argument(), pool, problems, warnings, verbose, is_description, is_set("lenient"));
     print_lines(warnings, "warning: ");
     print_lines(problems, "error: ");
     return ok;

@@ -80,7 +80,7 @@ Command build_command()
             "file is written back as it was read.\n",
             QVector<Option>{Option::output("POOL.iop", "where to write the pool")} + Terminal_options::all() +
                 QVector<Option>{{{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
-                                {{"verbose"}, "", "show the library's chatter while building"}},
+                                {{"verbose"}, "", "show the library's chatter while building"}, Option::lenient()},
             run};
 }
 

@@ -42,7 +42,7 @@ Command check_command()
             "Checks every parent/child pair against the containment rules, every reference,\n"
             "and that ids are unique; reports the lowest VT version the pool needs and the\n"
             "objects that need it. With --vt-version, also what that version lacks.\n",
-            Terminal_options::only({"vt-version"}),
+            Terminal_options::only({"vt-version"}) + QVector<Option>{Option::lenient()},
             run};
 }
 

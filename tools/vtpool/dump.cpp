@@ -25,7 +25,7 @@ Command dump_command()
             "print every object of a pool",
             {"POOL"},
             "Prints every object with its attributes.\n",
-            {{{"bytes"}, "", "add each object's bytes"}},
+            {{{"bytes"}, "", "add each object's bytes"}, Option::lenient()},
             run};
 }
 

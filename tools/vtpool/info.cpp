@@ -26,7 +26,7 @@ Command info_command()
             "objects and bytes per type, the largest objects",
             {"POOL"},
             "Objects and bytes per type, and the largest objects.\n",
-            {},
+            {Option::lenient()},
             run};
 }
 

@@ -36,7 +36,7 @@ Command pictures_command()
             "write the pool's pictures as PNG files",
             {"POOL"},
             "Writes every picture graphic and PNG object as DIR/<name>.png.\n",
-            {Option::output("DIR", "the folder to write into, created if missing")},
+            {Option::output("DIR", "the folder to write into, created if missing"), Option::lenient()},
             run};
 }
 

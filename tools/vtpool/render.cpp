@@ -157,7 +157,8 @@ Command render_command()
                             {{"all"}, "", "draw every mask into DIR, with an index.html showing them"},
                             {{"scale"}, "N", "enlarge N times (each pixel repeated; 1-16, default 1)"}} +
                 Terminal_options::only({"colours", "mask-size", "key-size", "soft-keys", "small-fonts", "large-fonts",
-                                        "font-styles"}),
+                                        "font-styles"}) +
+                QVector<Option>{Option::lenient()},
             run};
 }
 

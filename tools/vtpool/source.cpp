@@ -39,7 +39,7 @@ Command source_command()
             "Writes C++ source that re-creates the pool: an Oids enumeration of the object ids,\n"
             "struct Pool_data with the arrays and struct Pool with the objects and the list\n"
             "Pool::objects. Object names must be C++ identifiers.\n",
-            {Option::output("FILE.cpp", "where to write the source")},
+            {Option::output("FILE.cpp", "where to write the source"), Option::lenient()},
             run};
 }
 
