@@ -133,7 +133,7 @@ TEST(Terminal_adaptation, FontSizesAreTheLargestThatFitThenTheNearestTheTerminal
         t.data_mask_width = t.data_mask_height = 240;
         t.key_width = t.key_height = 40;
         QStringList problems, warnings;
-        ASSERT_TRUE(Terminal_adaptation::adapt(b->pool, t, c.design, problems, warnings)) << problems.join("\n").toStdString();
+        ASSERT_TRUE(Terminal_adaptation::adapt(b->pool, t, {c.design}, problems, warnings)) << problems.join("\n").toStdString();
         auto back = sent(b->pool);
         EXPECT_EQ(sent_object<Base::Font_attributes_obj>(*back, b->pool, "f24x32")->get_font_size(), c.f24x32);
         EXPECT_EQ(sent_object<Base::Font_attributes_obj>(*back, b->pool, "f12x16")->get_font_size(), c.f12x16);
@@ -223,6 +223,8 @@ TEST(Terminal_adaptation, PicturesAreRecodedForTheTerminalAndKeepTheirTransparen
                    bytes="01 E7 01 10 01 E7 01 10 01 E7 01 10 01 E7 01 10"/>
   <Picture_graphic name="four" width="3" actual_width="3" actual_height="1" format="1" options="0"
                    bytes="C1 00"/>
+  <Picture_graphic name="icon" width="4" actual_width="4" actual_height="1" format="2" options="1"
+                   transparency_colour="16" bytes="10 C4 C4 E7"/>
 </object_pool>)";
     struct Expected
     {
@@ -241,6 +243,9 @@ TEST(Terminal_adaptation, PicturesAreRecodedForTheTerminalAndKeepTheirTransparen
         {"Picture_graphic_3", 0, 4, std::vector<int>(128, 1), "08 FF 08 FF"},
         {"Picture_graphic_4", 0, 0, {1, 0, 1, 0, 1, 0, 1, 0}, "AA"},
         {"Picture_graphic_5", 0, 0, {0, 1, 0}, "40"},
+        // Black is transparent, but most opaque pixels are black too: white becomes the
+        // transparency colour, and the one white pixel black.
+        {"Picture_graphic_6", 0, 1, {1, 0, 0, 0}, "80"},
     };
     const std::vector<Expected> sixteen = {
         {"Picture_graphic_0", 1, 0, {12, 1, 0, 8, 7, 1, 12, 12}, "C1 08 71 CC"},
@@ -250,6 +255,7 @@ TEST(Terminal_adaptation, PicturesAreRecodedForTheTerminalAndKeepTheirTransparen
         {"Picture_graphic_4", 1, 4, {1, 0, 1, 0, 1, 0, 1, 0}, "04 10"},
         // A 4-bit picture on a 16-colour terminal is sent as it is.
         {"Picture_graphic_5", 1, 0, {12, 1, 0}, "C1 00"},
+        {"Picture_graphic_6", 1, 1, {0, 12, 12, 1}, "0C C1"},
     };
     for (int colours : {2, 16}) {
         SCOPED_TRACE(colours);
@@ -293,4 +299,60 @@ TEST(Terminal_adaptation, PngImagesTakeTheTerminalsColours)
             const QRgb expected = qAlpha(s) <= 0x80 ? 0u : luminance >= 128 ? 0xFFFFFFFFu : 0xFF000000u;
             ASSERT_EQ(sent_image.pixel(x, y), expected) << x << "," << y;
         }
+}
+
+TEST(Terminal_adaptation, TypesALaterVersionAddedAreRefusedOrWithDowngradeReplaced)
+{
+    const QByteArray xml = "<object_pool>\n"
+                           "  <Data_mask name=\"dm\"><place object=\"tractor\" x_location=\"0\" y_location=\"0\"/></Data_mask>\n"
+                           "  <PNG name=\"tractor\" id=\"19\" width=\"80\" file=\"" VT_EXAMPLES_DIR "/images/tractor.png\">\n"
+                           "    <Event_macro event_id=\"3\" macro_id=\"7\"/>\n"
+                           "  </PNG>\n"
+                           "  <Macro name=\"m\" id=\"7\" bytes=\"A8 20 4E 00 00 00 00 FF\"/>\n"
+                           "  <Colour_palette name=\"palette\" id=\"30\"/>\n"
+                           "</object_pool>";
+    {
+        auto b = build(xml);
+        QStringList problems, warnings;
+        EXPECT_FALSE(Terminal_adaptation::adapt(b->pool, terminal(256, 0xFF, 0x7F, 0xFF, 4), {}, problems, warnings));
+        EXPECT_EQ(problems, QStringList({"'tractor' (PNG 19): object type PNG needs VT version 6; the terminal speaks VT "
+                                         "version 4 (--downgrade sends it as a Picture_graphic)",
+                                         "'palette' (Colour_palette 30): object type Colour_palette needs VT version 5; "
+                                         "the terminal speaks VT version 4"}));
+    }
+    auto b = build(QByteArray(xml).replace("  <Colour_palette name=\"palette\" id=\"30\"/>\n", ""));
+    const QImage image(VT_EXAMPLES_DIR "/images/tractor.png");
+    QStringList problems, warnings;
+    Terminal_adaptation::Options downgrade;
+    downgrade.downgrade = true;
+    ASSERT_TRUE(Terminal_adaptation::adapt(b->pool, terminal(256, 0xFF, 0x7F, 0xFF, 4), downgrade, problems, warnings))
+        << problems.join("\n").toStdString();
+    EXPECT_EQ(warnings, QStringList({"'tractor' (PNG 19): sent as a Picture_graphic: PNG needs VT version 6"}));
+    // The same id, name, size and macros, found by both.
+    auto* picture = dynamic_cast<Base::Picture_graphic_obj*>(b->pool.find(QByteArray("tractor")));
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(b->pool.find(19), picture);
+    EXPECT_EQ(picture->get_width(), 80);
+    EXPECT_EQ(picture->get_qimage(true).size(), image.size());
+    EXPECT_EQ(picture->get_num_macros(), 1);
+    EXPECT_EQ(picture->get_event_macro_macro_id(0), 7);
+    auto back = sent(b->pool);
+    EXPECT_EQ(back->find(19)->get_type(), VT_obj_type::TYPE_PICTURE_GRAPHIC);
+    // Its pixels are the colour cube's for the image's colours.
+    const QImage shown = dynamic_cast<Base::Picture_graphic_obj*>(back->find(19))->get_qimage(false);
+    for (int y = 0; y < image.height(); y += 7)
+        for (int x = 0; x < image.width(); x += 5) {
+            const QRgb p = image.pixel(x, y);
+            const int cube = 16 + 36 * ((qRed(p) + 25) / 51) + 6 * ((qGreen(p) + 25) / 51) + (qBlue(p) + 25) / 51;
+            EXPECT_EQ(shown.pixelIndex(x, y), qAlpha(p) > 0x80 ? cube : 0) << x << "," << y;
+        }
+
+    // An object read from pool bytes carries its type in its name: the picture takes its own.
+    Object_pool from_bytes;
+    QString error;
+    ASSERT_TRUE(Pool_file::read(Pool_file::write(build(xml.left(xml.indexOf("  <Colour_palette")) + "</object_pool>")->pool),
+                                from_bytes, &error));
+    ASSERT_TRUE(Terminal_adaptation::adapt(from_bytes, terminal(16, 0xFF, 0x7F, 0xFF, 3), downgrade, problems, warnings));
+    EXPECT_EQ(from_bytes.find(QByteArray("Picture_graphic_19")), from_bytes.find(19));
+    EXPECT_EQ(from_bytes.find(QByteArray("PNG_19")), nullptr);
 }

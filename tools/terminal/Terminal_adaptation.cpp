@@ -63,16 +63,31 @@ void reduce_picture(Base::Picture_graphic_obj& picture, int colours)
 
     const format_t target = format_of(colours);
     if (picture.get_format() > target) {
-        // Transparent pixels take the terminal's transparency colour; no opaque pixel may.
-        const uint8_t reduced_transparency = reduce_colour(transparency, colours);
-        for (char& c : pixels) {
-            const uint8_t v = uint8_t(c);
-            if (!transparent)
-                c = char(reduce_colour(v, colours));
-            else
-                c = char(v == transparency ? reduced_transparency
-                                           : reduce_colour_avoiding(v, colours, reduced_transparency));
+        // Transparent pixels take the terminal's colour for the transparency colour, and no opaque
+        // pixel may. With only black and white, the transparency colour is rather the one
+        // fewer opaque pixels have, so that fewest must take the other.
+        int count[256] = {};
+        for (char c : pixels)
+            ++count[uint8_t(c)];
+        uint8_t reduced_transparency = reduce_colour(transparency, colours);
+        if (transparent && colours == 2) {
+            int white = 0, black = 0;
+            for (int v = 0; v < 256; ++v)
+                if (v != transparency)
+                    (reduce_colour(uint8_t(v), 2) ? white : black) += count[v];
+            if (white != black)
+                reduced_transparency = white < black ? 1 : 0;
         }
+        // The colours the picture has, each mapped once.
+        uint8_t terminal_colour[256] = {};
+        for (int v = 0; v < 256; ++v)
+            if (count[v])
+                terminal_colour[v] = !transparent ? reduce_colour(uint8_t(v), colours)
+                                     : v == transparency
+                                         ? reduced_transparency
+                                         : reduce_colour_avoiding(uint8_t(v), colours, reduced_transparency);
+        for (char& c : pixels)
+            c = char(terminal_colour[uint8_t(c)]);
         QByteArray data = Picture_encoder::pack(pixels, w, h, target);
         if (options & Base::Picture_graphic_obj::OPTION_RUN_LENGTH) {
             const QByteArray runs = Picture_encoder::run_length_code(data, w, target);
@@ -83,6 +98,8 @@ void reduce_picture(Base::Picture_graphic_obj& picture, int colours)
         }
         if (auto* format = attribute<Attribute_uint8>(&picture, "format"))
             *format = uint8_t(target);
+        if (auto* t = attribute<Attribute_uint8>(&picture, "transparency_colour"))
+            *t = reduced_transparency;
         set_bytes(attribute<Attribute_array<unsigned char>>(&picture, "bytes"), data);
     }
     if (auto* o = attribute<Attribute_uint8>(&picture, "options"))
@@ -135,6 +152,75 @@ bool reduce_png(Base::PNG_obj& png, int colours, QString& problem)
     return true;
 }
 
+}
+
+namespace {
+
+// A picture graphic showing a PNG object's image, with its id, name, size and macros: 8-bit
+// pixels of the palette's colour cube, transparent pixels in colour 0 (which the cube never
+// gives), run-length coded when that is shorter. Null when the PNG does not decode.
+Base::Picture_graphic_obj* picture_of_png(Base::PNG_obj& png)
+{
+    QByteArray bytes(int(std::min<uint32_t>(png.get_num_bytes(), 1u << 30)), '\0');
+    if (bytes.isEmpty() || !png.get_bytes(0, reinterpret_cast<unsigned char*>(bytes.data()), unsigned(bytes.size())))
+        return nullptr;
+    const QImage image = QImage::fromData(bytes, "PNG").convertToFormat(QImage::Format_ARGB32);
+    if (image.isNull() || image.width() > 65535 || image.height() > 65535)
+        return nullptr;
+    bool transparent = false;
+    for (int y = 0; y < image.height() && !transparent; ++y)
+        for (int x = 0; x < image.width() && !transparent; ++x)
+            transparent = qAlpha(image.pixel(x, y)) <= 0x80;
+    const QByteArray plain = Picture_encoder::encode(image, EIGHT_BIT_COLOUR, false, 0);
+    const QByteArray runs = Picture_encoder::run_length_code(plain, image.width(), EIGHT_BIT_COLOUR);
+    const bool run_length = runs.size() < plain.size();
+    const uint8_t options = uint8_t((transparent ? Base::Picture_graphic_obj::OPTION_TRANSPARENT : 0) |
+                                    (run_length ? Base::Picture_graphic_obj::OPTION_RUN_LENGTH : 0));
+    auto* picture = new Base::Picture_graphic_obj(png.get_id(), png.get_name(), png.get_width(), uint16_t(image.width()),
+                                                  uint16_t(image.height()), EIGHT_BIT_COLOUR, options, 0, 0, 0, nullptr,
+                                                  nullptr);
+    set_bytes(attribute<Attribute_array<unsigned char>>(picture, "bytes"), run_length ? runs : plain);
+    auto* macros = attribute<Attribute_list<Attribute_event_macro>>(picture, "event_macro");
+    auto* png_macros = attribute<Attribute_list<Attribute_event_macro>>(&png, "event_macro");
+    if (macros && png_macros)
+        macros->copy_from(*png_macros);
+    return picture;
+}
+
+}
+
+void Terminal_adaptation::fit_version(Object_pool& pool, const Terminal& terminal, bool downgrade,
+                                      QStringList& problems, QStringList& warnings)
+{
+    if (!terminal.vt_version)
+        return;
+    // A copy of the list: replacing an object changes the pool's.
+    const QVector<VT_obj*> objects = pool.objects();
+    for (VT_obj* obj : objects) {
+        const unsigned type = obj->get_type();
+        const int needs = Structure_check::type_version(type & 0xFF);
+        if (needs <= terminal.vt_version)
+            continue;
+        auto* png = dynamic_cast<Base::PNG_obj*>(obj);
+        const QString label = object_label(obj);
+        const QString lacks = QStringLiteral("%1: object type %2 needs VT version %3; the terminal speaks VT version %4")
+                                  .arg(label, QString::fromLatin1(obj->get_type_string()))
+                                  .arg(needs)
+                                  .arg(terminal.vt_version);
+        if (!png) {
+            problems.append(lacks);
+        } else if (!downgrade) {
+            problems.append(lacks + " (--downgrade sends it as a Picture_graphic)");
+        } else if (Base::Picture_graphic_obj* picture = picture_of_png(*png)) {
+            QString error;
+            if (pool.replace(obj, picture, &error))
+                warnings.append(QStringLiteral("%1: sent as a Picture_graphic: PNG needs VT version %2").arg(label).arg(needs));
+            else
+                problems.append(label + ": " + error);
+        } else {
+            problems.append(lacks + "; its image does not decode, so it cannot be sent as a Picture_graphic");
+        }
+    }
 }
 
 Serialisation_limits Terminal_adaptation::serialisation_limits()
@@ -236,13 +322,13 @@ void Terminal_adaptation::reduce_colours(Object_pool& pool, const Terminal& term
         }
 }
 
-bool Terminal_adaptation::adapt(Object_pool& pool, const Terminal& terminal, const Design_size& design,
+bool Terminal_adaptation::adapt(Object_pool& pool, const Terminal& terminal, const Options& options,
                                 QStringList& problems, QStringList& warnings)
 {
-    Q_UNUSED(warnings);
     const int before = problems.size();
-    const Scaling::Ratio mask = Scaling::mask_ratio(terminal, design);
-    const Scaling::Ratio key = Scaling::key_ratio(terminal, design);
+    fit_version(pool, terminal, options.downgrade, problems, warnings);
+    const Scaling::Ratio mask = Scaling::mask_ratio(terminal, options.design);
+    const Scaling::Ratio key = Scaling::key_ratio(terminal, options.design);
     if (mask.active || key.active)
         Scaling::scale(pool, mask, key);
     fit_fonts(pool, terminal, mask, key, problems);

@@ -30,18 +30,31 @@ namespace VT {
 class Terminal_adaptation
 {
 public:
-    // All of the steps below, in order, for `terminal`: scaling (when a design size is given),
-    // fonts, pictures, colour maps, colours; then the pool's serialisation limits, negotiated
-    // version and supported types. Problems are what makes the pool unusable for the terminal
-    // (false); warnings what the terminal shows differently from the design. Objects read from
-    // pool bytes need their areas first (Scaling::propagate_areas) when the pool is scaled.
-    static bool adapt(Object_pool& pool, const Terminal& terminal, const Design_size& design, QStringList& problems,
+    struct Options
+    {
+        Design_size design;     // the screen the pool was designed for: scaled to the terminal's
+        bool downgrade = false; // replace what the terminal's VT version lacks where it can be
+    };
+
+    // All of the steps below, in order, for `terminal`: the VT version, scaling (when a design
+    // size is given), fonts, pictures, colour maps, colours; then the pool's serialisation
+    // limits, negotiated version and supported types. Problems are what makes the pool unusable
+    // for the terminal (false); warnings what the terminal gets differently from the design.
+    // Objects read from pool bytes need their areas first (Scaling::propagate_areas) when the
+    // pool is scaled.
+    static bool adapt(Object_pool& pool, const Terminal& terminal, const Options& options, QStringList& problems,
                       QStringList& warnings);
 
     // The limits the adapted pool is serialised with: 256 colours and every font size and
     // style, under which the library writes colours, fonts and picture data as they stand.
     static Serialisation_limits serialisation_limits();
 
+    // Objects of a type the terminal's VT version lacks are problems naming the version that
+    // has them; with `downgrade`, those that an older type can stand for are replaced, with a
+    // warning each: a PNG object becomes a picture graphic of its image (8-bit pixels, then
+    // reduced as every picture is).
+    static void fit_version(Object_pool& pool, const Terminal& terminal, bool downgrade, QStringList& problems,
+                            QStringList& warnings);
     // Each font attributes object: a fixed size scaled with the area it is used in (the
     // largest size whose cell fits the scaled cell), then the nearest size the terminal has;
     // a proportional font keeps its (scaled) height where the terminal draws proportional
@@ -51,8 +64,10 @@ public:
                           const Scaling::Ratio& key, QStringList& problems);
     // Picture graphics with more colours than the terminal are re-coded with its pixel format
     // (1 bit for 2 colours, 4 bits for 16), each pixel the terminal's colour for it, run-length
-    // coded when they were and when that is shorter; a transparent picture keeps exactly its
-    // transparent pixels. PNG objects are re-encoded with the terminal's colours.
+    // coded when they were and when that is shorter. A transparent picture keeps exactly its
+    // transparent pixels: no opaque pixel takes the transparency colour (it takes the nearest
+    // other colour), and in black and white the transparency colour is the one fewer opaque
+    // pixels have. PNG objects are re-encoded with the terminal's colours.
     static void reduce_pictures(Object_pool& pool, const Terminal& terminal, QStringList& problems);
     // Each colour map gets as many entries as the terminal has colours: entry i the terminal's
     // colour for what entry i held (or for i, where the map was shorter).

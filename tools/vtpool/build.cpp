@@ -29,7 +29,10 @@ int run(Invocation& in)
         if (!is_description && (target.design.mask_width || target.design.key_width))
             VT::Scaling::propagate_areas(pool);
         QStringList problems, warnings;
-        const bool adapted = VT::Terminal_adaptation::adapt(pool, target.terminal, target.design, problems, warnings);
+        VT::Terminal_adaptation::Options options;
+        options.design = target.design;
+        options.downgrade = in.is_set("downgrade");
+        const bool adapted = VT::Terminal_adaptation::adapt(pool, target.terminal, options, problems, warnings);
         print_lines(warnings, "warning: ");
         print_lines(problems, "error: ");
         if (!adapted) {
@@ -76,10 +79,14 @@ Command build_command()
             "build a description or pool file into pool bytes for a terminal",
             {"INPUT"},
             "Builds INPUT (a description or a pool file) and writes its bytes as they would be\n"
-            "uploaded to a terminal with the given properties. Without terminal options a pool\n"
-            "file is written back as it was read.\n",
+            "uploaded to a terminal with the given properties: colours, pictures, colour maps and\n"
+            "fonts become the terminal's own (docs/terminals.md), or the build fails naming the\n"
+            "objects in the way and writes nothing. Without terminal options a pool file is\n"
+            "written back as it was read.\n",
             QVector<Option>{Option::output("POOL.iop", "where to write the pool")} + Terminal_options::all() +
-                QVector<Option>{{{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
+                QVector<Option>{{{"downgrade"}, "", "replace what the terminal's VT version lacks where an older object "
+                                                    "can stand for it, warning for each"},
+                                {{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
                                 {{"verbose"}, "", "show the library's chatter while building"}, Option::lenient()},
             run};
 }
