@@ -27,23 +27,15 @@ bool set_colours(Terminal& t, const QString& text)
     return true;
 }
 
-bool set_mask_size(Terminal& t, const QString& text)
+// A size N (square) or WxH into a width and a height field.
+template <uint16_t Terminal::*width, uint16_t Terminal::*height>
+bool set_size(Terminal& t, const QString& text)
 {
     unsigned w = 0, h = 0;
     if (!parse_terminal_size(text, MAX_SIDE, w, h, true))
         return false;
-    t.data_mask_width = uint16_t(w);
-    t.data_mask_height = uint16_t(h);
-    return true;
-}
-
-bool set_key_size(Terminal& t, const QString& text)
-{
-    unsigned w = 0, h = 0;
-    if (!parse_terminal_size(text, MAX_SIDE, w, h, true))
-        return false;
-    t.key_width = uint16_t(w);
-    t.key_height = uint16_t(h);
+    t.*width = uint16_t(w);
+    t.*height = uint16_t(h);
     return true;
 }
 
@@ -105,9 +97,11 @@ const std::vector<Terminal_property>& terminal_properties()
     static const std::vector<Terminal_property> table{
         {"vt-version", "N", "the VT version the terminal speaks (2-6)", set_vt_version, "takes a VT version from 2 to 6"},
         {"colours", "2|16|256", "the terminal's colours (default 256)", set_colours, "takes 2, 16 or 256"},
-        {"mask-size", "N|WxH", "the terminal's data-mask size in pixels (default 480)", set_mask_size,
+        {"mask-size", "N|WxH", "the terminal's data-mask size in pixels (default 480)",
+         set_size<&Terminal::data_mask_width, &Terminal::data_mask_height>,
          "takes the data-mask size in pixels: N or WIDTHxHEIGHT, from 1 to 8192"},
-        {"key-size", "N|WxH", "the terminal's soft-key size in pixels (default 60x60)", set_key_size,
+        {"key-size", "N|WxH", "the terminal's soft-key size in pixels (default 60x60)",
+         set_size<&Terminal::key_width, &Terminal::key_height>,
          "takes the soft-key size in pixels: N or WIDTHxHEIGHT, from 1 to 8192"},
         {"soft-keys", "N", "the soft keys the terminal shows beside the mask (0-64, default 6)", set_soft_keys,
          "takes a number from 0 to 64"},

@@ -41,24 +41,21 @@ int run(Invocation& in)
         }
     }
 
-    const QString out_path = in.value("output");
-    VT::Output_file out(out_path);
-    qint64 written = 0;
+    // The upload in buffers must give the bytes of the whole pool serialised at once; only
+    // then is anything written.
     QByteArray streamed;
-    if (out.open())
-        VT::Pool_file::write_chunks(pool, int(chunk), [&](const uint8_t* p, int n) {
-            streamed.append(reinterpret_cast<const char*>(p), n);
-            out.write(p, size_t(n));
-            written += n;
-        });
-    if (!out.commit()) {
-        std::cerr << "error: " << out.error().toStdString() << std::endl;
-        return PROBLEM;
-    }
-    // The upload in buffers must give the bytes of the whole pool serialised at once.
+    VT::Pool_file::write_chunks(pool, int(chunk), [&](const uint8_t* p, int n) {
+        streamed.append(reinterpret_cast<const char*>(p), n);
+    });
     if (streamed != VT::Pool_file::write(pool)) {
         std::cerr << "error: the pool serialised in buffers of " << chunk
-                  << " bytes differs from the pool serialised at once" << std::endl;
+                  << " bytes differs from the pool serialised at once; nothing written" << std::endl;
+        return PROBLEM;
+    }
+    const QString out_path = in.value("output");
+    QString error;
+    if (!VT::Output_file::write_file(out_path, streamed, &error)) {
+        std::cerr << "error: " << error.toStdString() << std::endl;
         return PROBLEM;
     }
     if (!is_description && !target.named) {
@@ -66,7 +63,7 @@ int run(Invocation& in)
         if (input.open(QIODevice::ReadOnly) && input.readAll() != streamed)
             std::cerr << "warning: the pool written differs from the pool read" << std::endl;
     }
-    std::cout << "wrote " << pool.size() << " objects, " << written << " bytes to " << out_path.toStdString()
+    std::cout << "wrote " << pool.size() << " objects, " << streamed.size() << " bytes to " << out_path.toStdString()
               << std::endl;
     return OK;
 }
