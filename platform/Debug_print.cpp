@@ -38,3 +38,8 @@ void Debug_print::set_sink(sink_t sink)
 {
     current_sink() = std::move(sink);
 }
+
+Debug_print::sink_t Debug_print::get_sink()
+{
+    return current_sink();
+}

@@ -15,6 +15,8 @@ public:
 
     // Install a sink (an empty function restores standard error).
     static void set_sink(sink_t sink);
+    // The sink installed now (empty: standard error), so that a temporary one can be undone.
+    static sink_t get_sink();
 };
 
 #endif

@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QTemporaryDir>
 
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/terminal/Font_sizes.h"
 #include "tools/terminal/Terminal_adaptation.h"
+#include "vtpool_support.h"
 
 using namespace VT;
 
@@ -347,6 +349,21 @@ TEST(Terminal_adaptation, TypesALaterVersionAddedAreRefusedOrWithDowngradeReplac
             EXPECT_EQ(shown.pixelIndex(x, y), qAlpha(p) > 0x80 ? cube : 0) << x << "," << y;
         }
 
+    // Values only a later version understands: named, or with --downgrade left out.
+    auto buttons = build(R"(<object_pool>
+  <Button name="b" width="50" height="20" key_code="1" options="0x13"/>
+  <Font_attributes name="p" font_size="20" font_style="0x80"/>
+</object_pool>)");
+    problems.clear();
+    warnings.clear();
+    EXPECT_FALSE(Terminal_adaptation::adapt(buttons->pool, terminal(256, 0xFF, 0x7F, 0xFF, 3), {}, problems, warnings));
+    EXPECT_EQ(problems, QStringList({"'b' (Button 0): 'options' asks for a disabled button (options bit 4), which needs "
+                                     "VT version 4; the terminal speaks VT version 3 (--downgrade does without it)"}))
+        << "a proportional font becomes a fixed one: the font rule, no downgrade";
+    ASSERT_TRUE(Terminal_adaptation::adapt(buttons->pool, terminal(256, 0xFF, 0x7F, 0xFF, 3), downgrade, problems, warnings));
+    EXPECT_EQ(warnings, QStringList({"'b' (Button 0): left out a disabled button (options bit 4), which needs VT version 4"}));
+    EXPECT_EQ(dynamic_cast<Base::Button_obj*>(buttons->pool.find(QByteArray("b")))->get_options(), 0x03);
+
     // An object read from pool bytes carries its type in its name: the picture takes its own.
     Object_pool from_bytes;
     QString error;
@@ -355,4 +372,24 @@ TEST(Terminal_adaptation, TypesALaterVersionAddedAreRefusedOrWithDowngradeReplac
     ASSERT_TRUE(Terminal_adaptation::adapt(from_bytes, terminal(16, 0xFF, 0x7F, 0xFF, 3), downgrade, problems, warnings));
     EXPECT_EQ(from_bytes.find(QByteArray("Picture_graphic_19")), from_bytes.find(19));
     EXPECT_EQ(from_bytes.find(QByteArray("PNG_19")), nullptr);
+}
+
+TEST(Terminal_adaptation, InfoAndCheckNameWhatDecidesTheVersionAPoolNeeds)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString xml = tmp.filePath("button.xml");
+    ASSERT_TRUE(test::put_file(xml, R"(<object_pool>
+  <Working_set name="ws" active_mask="m"/>
+  <Data_mask name="m"><place object="b" x_location="0" y_location="0"/></Data_mask>
+  <Button name="b" width="50" height="20" key_code="1" options="0x10"/>
+</object_pool>)"));
+    for (const char* command : {"info", "check"}) {
+        const test::Outcome r = test::run_vtpool({command, xml});
+        EXPECT_EQ(r.status, 0) << command << ": " << r.err.toStdString();
+        EXPECT_TRUE(r.out.contains(QStringLiteral("needs VT version 4, because of:\n  %1:4: 'b' (Button 2): a disabled "
+                                                  "button (options bit 4)\n")
+                                       .arg(xml)))
+            << command << ": " << r.out.toStdString();
+    }
 }

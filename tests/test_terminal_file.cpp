@@ -168,3 +168,36 @@ TEST(Terminal_file, VtpoolTakesTheFileWithOptionsOverridingItAndRefusesBadOnesWi
     EXPECT_EQ(test::run_vtpool({"check", xml, "--terminal", bad}).status, 2);
     EXPECT_EQ(test::run_vtpool({"render", xml, "-o", tmp.filePath("red.png"), "--terminal", sixteen}).status, 0);
 }
+
+TEST(Terminal_file, TheReadmesFirstBuildIsCleanForTheTerminalItNames)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString root = QStringLiteral(VT_EXAMPLES_DIR "/..");
+    QString line;
+    for (const QString& l : QString::fromUtf8(test::file_bytes(root + "/README.md")).split('\n'))
+        if (l.startsWith("vtpool build ")) {
+            line = l.section('#', 0, 0).trimmed();
+            break;
+        }
+    ASSERT_FALSE(line.isEmpty());
+    // The command as written, run from the checkout, with its output in the temporary folder;
+    // then the check for the terminal the command names.
+    QStringList build = line.split(' ', Qt::SkipEmptyParts).mid(1);
+    QStringList check{"check", tmp.filePath("pool.iop")};
+    for (QString& arg : build)
+        if (arg.startsWith("examples/"))
+            arg = root + "/" + arg;
+    for (int i = 0; i < build.size(); ++i) {
+        if (build[i] == "-o" && i + 1 < build.size())
+            build[i + 1] = tmp.filePath("pool.iop");
+        if ((build[i] == "--terminal" || build[i] == "--vt-version") && i + 1 < build.size())
+            check << build[i] << build[i + 1];
+    }
+    EXPECT_GE(check.size(), 4) << "the command names a terminal: " << line.toStdString();
+    test::Outcome r = test::run_vtpool(build);
+    ASSERT_EQ(r.status, 0) << line.toStdString() << "\n" << r.err.toStdString();
+    r = test::run_vtpool(check);
+    EXPECT_EQ(r.status, 0) << r.out.toStdString();
+    EXPECT_TRUE(r.out.contains(": 0 errors, 0 warnings")) << r.out.toStdString();
+}

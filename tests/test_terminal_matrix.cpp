@@ -10,7 +10,8 @@
 #include <functional>
 #include <map>
 
-#include "tools/check/Structure_check.h"
+#include "tools/check/Checker.h"
+#include "tools/check/Object_facts.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/pool/Pool_loader.h"
 #include "tools/terminal/Terminal_adaptation.h"
@@ -112,7 +113,7 @@ struct Configuration
 bool downgradable(Object_pool& pool, int version)
 {
     for (VT_obj* obj : pool.objects())
-        if (Structure_check::type_version(obj->get_type() & 0xFF) > version && obj->get_type() != VT_obj_type::TYPE_PNG)
+        if (Check::type_version(obj->get_type() & 0xFF) > version && obj->get_type() != VT_obj_type::TYPE_PNG)
             return false;
     return true;
 }
@@ -133,7 +134,7 @@ void build_for_every_terminal(const Source& source, int& compared)
     Object_pool original;
     if (!load(source, original))
         return;
-    const int needed = Structure_check::check(original, 0).needed_version;
+    const int needed = Check::check(original, Check::Source()).needed_version;
     for (int colours : {2, 16, 256})
         for (int version : {3, 4, 5, 6})
             for (bool scaled : {false, true}) {
@@ -175,8 +176,12 @@ void build_for_every_terminal(const Source& source, int& compared)
                 QString error;
                 ASSERT_TRUE(Pool_file::read(bytes, back, &error)) << error.toStdString();
                 EXPECT_EQ(Pool_file::write(back), bytes) << "read back, the pool writes the same bytes";
-                const Structure_check::Check_result check = Structure_check::check(back, version);
-                EXPECT_TRUE(check.problems.isEmpty()) << check.problems.join("\n").toStdString();
+                Check::Options options;
+                options.vt_version = version;
+                const Check::Result check = Check::check(back, Check::Source(), options);
+                for (const Check::Finding& f : check.findings)
+                    EXPECT_NE(f.severity, Check::Severity::error) << f.object_label().toStdString() << ": "
+                                                                  << f.message.toStdString();
 
                 for (VT_obj* obj : back.objects()) {
                     SCOPED_TRACE(obj->get_name());

@@ -1,10 +1,11 @@
-// Checking a pool: containment rules, references, ids, and the VT version it needs.
+// Checking a pool: containment rules, references, and the VT version it needs, as the check
+// words them.
 #include <gtest/gtest.h>
 
 #include "test_support.h"
+#include "tools/check/Checker.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
-#include "tools/check/Structure_check.h"
 
 using namespace VT;
 
@@ -17,6 +18,16 @@ QByteArray build_bytes(const char* xml)
     EXPECT_TRUE(d.parse(xml, "check.xml"));
     EXPECT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
     return Pool_file::write(pool);
+}
+
+// "'object': message [rule]" of the findings of the rules named.
+QStringList findings(const Check::Result& r, const QStringList& rules)
+{
+    QStringList out;
+    for (const Check::Finding& f : r.findings)
+        if (rules.contains(f.rule))
+            out.append(f.object_label() + ": " + f.message + " [" + f.rule + "]");
+    return out;
 }
 
 }
@@ -46,21 +57,29 @@ TEST(ToolsCheck, ReportsChildrenTheRulesForbidAndTheVersionNeeded)
                         "check.xml"));
     ASSERT_TRUE(d.build(pool)) << d.problems().join("\n").toStdString();
 
-    Structure_check::Check_result r = Structure_check::check(pool, 0);
-    EXPECT_EQ(r.problems, QStringList({"'outer' (Data_mask 0): 'inner' (Data_mask 1) may not be a child of Data_mask "
-                                       "(in 'child_location')",
-                                       "'keys' (Soft_key_mask 3): 'text' (Output_string 5) may not be a child of "
-                                       "Soft_key_mask (in 'child_objects')"}));
+    Check::Source source;
+    Check::Result r = Check::check(pool, source);
+    EXPECT_EQ(findings(r, {"containment"}),
+              QStringList({"'outer' (Data_mask 0): 'child_location' holds 'inner' (Data_mask 1), which a Data_mask may "
+                           "not hold [containment]",
+                           "'keys' (Soft_key_mask 3): 'child_objects' holds 'text' (Output_string 5), which a "
+                           "Soft_key_mask may not hold [containment]"}));
     // A graphics context under a data mask, and the object type itself, need version 4; an
     // input list may hold the NULL object.
     EXPECT_EQ(r.needed_version, 4);
-    EXPECT_EQ(r.needing, QStringList({"'outer' (Data_mask 0): child 'gc' (Graphics_context 2)",
-                                      "'gc' (Graphics_context 2): object type Graphics_context"}));
+    ASSERT_EQ(r.deciding.size(), 2);
+    EXPECT_EQ(r.deciding[0].object + ": " + r.deciding[0].reason, "'outer' (Data_mask 0): holding 'gc' (Graphics_context 2)");
+    EXPECT_EQ(r.deciding[1].object + ": " + r.deciding[1].reason,
+              "'gc' (Graphics_context 2): object type Graphics_context");
 
-    r = Structure_check::check(pool, 3);
-    EXPECT_EQ(r.problems.size(), 4);
-    EXPECT_TRUE(r.problems.contains("'gc' (Graphics_context 2): object type Graphics_context needs VT version 4 "
-                                    "(checking for 3)"));
+    Check::Options v3;
+    v3.vt_version = 3;
+    r = Check::check(pool, source, v3);
+    EXPECT_EQ(findings(r, {"vt-version"}),
+              QStringList({"'outer' (Data_mask 0): holding 'gc' (Graphics_context 2) needs VT version 4 (checking for 3) "
+                           "[vt-version]",
+                           "'gc' (Graphics_context 2): object type Graphics_context needs VT version 4 (checking for 3) "
+                           "[vt-version]"}));
 }
 
 TEST(ToolsCheck, ReportsMissingObjectsAndMacros)
@@ -77,18 +96,21 @@ TEST(ToolsCheck, ReportsMissingObjectsAndMacros)
     Object_pool pool;
     QString error;
     ASSERT_TRUE(Pool_file::read(out_only, pool, &error)) << error.toStdString();
-    Structure_check::Check_result r = Structure_check::check(pool, 0);
-    EXPECT_EQ(r.problems,
-              QStringList({"'Output_number_0' (Output_number 0): 'variable_reference' refers to missing object 2",
-                           "'Output_number_0' (Output_number 0): event macro refers to missing macro 1"}));
+    Check::Result r = Check::check(pool, Check::Source());
+    EXPECT_EQ(findings(r, {"missing-object", "ref-type"}),
+              QStringList({"'Output_number_0' (Output_number 0): 'variable_reference' names object 2, which is not in "
+                           "the pool [missing-object]",
+                           "'Output_number_0' (Output_number 0): an event runs macro 1, which is not in the pool "
+                           "[missing-object]"}));
 
     // A macro id that names an object of another type.
     Object_pool wrong;
     QByteArray with_variable = out_only + bytes.right(7);
     with_variable[with_variable.size() - 7] = 1; // the variable takes the macro's id
     ASSERT_TRUE(Pool_file::read(with_variable, wrong, &error)) << error.toStdString();
-    r = Structure_check::check(wrong, 0);
-    EXPECT_TRUE(r.problems.contains("'Output_number_0' (Output_number 0): event macro refers to "
-                                    "'Number_variable_1' (Number_variable 1), which is not a macro"))
-        << r.problems.join("\n").toStdString();
+    r = Check::check(wrong, Check::Source());
+    EXPECT_TRUE(findings(r, {"ref-type"})
+                    .contains("'Output_number_0' (Output_number 0): an event runs 'Number_variable_1' (Number_variable 1), "
+                              "which is not a Macro [ref-type]"))
+        << findings(r, {"ref-type"}).join("\n").toStdString();
 }

@@ -126,3 +126,35 @@ TEST(ToolsPictures, DescriptionsLoadPicturesAndPngFilesAndWriteThemBack)
     QImage raw_image(tmp.filePath("out/raw.png"));
     EXPECT_EQ(raw_image.size(), QSize(3, 2));
 }
+
+TEST(ToolsPictures, PicturesSharingAnIdAreBothWrittenAndOverrunsNamed)
+{
+    // Two pictures under id 1 (as pool bytes may hold them), the second with run-length data
+    // for more rows than it has.
+    Object_pool built;
+    Description d;
+    ASSERT_TRUE(d.parse(R"(<object_pool>
+  <Picture_graphic name="a" id="1" width="2" actual_width="2" actual_height="1" format="2" options="0" bytes="05 06"/>
+  <Picture_graphic name="b" id="2" width="2" actual_width="2" actual_height="1" format="2" options="4" bytes="08 07"/>
+</object_pool>)",
+                        "p.xml"));
+    ASSERT_TRUE(d.build(built));
+    QByteArray bytes = Pool_file::write(built);
+    bytes[Pool_file::object_bytes(*built.objects()[0]).size()] = 1; // b takes a's id
+    Object_pool pool;
+    Pool_file::Read_report report;
+    report.keep_duplicate_ids = true;
+    ASSERT_TRUE(Pool_file::read(bytes, pool, nullptr, &report));
+    ASSERT_EQ(pool.size(), 2);
+
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    QStringList problems, warnings;
+    test::Dprint_capture quiet;
+    const QStringList written = Pictures::write_all(pool, tmp.path(), problems, &warnings);
+    EXPECT_EQ(written, QStringList({tmp.filePath("Picture_graphic_1.png"), tmp.filePath("Picture_graphic_1_2.png")}));
+    EXPECT_TRUE(problems.isEmpty()) << problems.join("\n").toStdString();
+    EXPECT_EQ(warnings, QStringList({"'Picture_graphic_1' (Picture_graphic 1): WARNING: Incorrect RLE encoding: "
+                                     "Picture_graphic_1"}));
+    EXPECT_EQ(quiet.text, "") << "the library's words went to the warnings";
+}

@@ -8,7 +8,7 @@
 #include "test_support.h"
 #include "tools/pool/Object_pool.h"
 #include "tools/pool/Pool_file.h"
-#include "tools/check/Structure_check.h"
+#include "tools/check/Checker.h"
 #include "tools/pool/Labels.h"
 
 using VT::Object_pool;
@@ -56,8 +56,8 @@ TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
         EXPECT_EQ(Pool_file::write_streamed(pool, 1785), input);
         EXPECT_EQ(Pool_file::write_streamed(pool, 8), input);
 
-        VT::Structure_check::Check_result check = VT::Structure_check::check(pool, 0);
-        EXPECT_TRUE(check.problems.isEmpty()) << check.problems.join("\n").toStdString();
+        const VT::Check::Result check = VT::Check::check(pool, VT::Check::Source());
+        EXPECT_EQ(check.count(VT::Check::Severity::error), 0);
         EXPECT_GE(check.needed_version, 2);
 
         std::ostringstream dump;

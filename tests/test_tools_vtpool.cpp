@@ -3,6 +3,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -77,19 +80,25 @@ TEST(ToolsVtpool, BuildsDumpsAndChecksAndReportsProblemsWithStatusOne)
     const QString xml = QStringLiteral(VT_TEST_DATA_DIR "/tools/variables.xml");
     const QString iop = tmp.filePath("pool.iop");
 
+    // Variables alone make no pool a terminal shows: the check finds no working set, and the
+    // build refuses unless told not to check.
     Outcome r = vtpool({"build", xml, "-o", iop});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("the pool has no Working_set [one-working-set]")) << r.err.toStdString();
+    EXPECT_FALSE(QFile::exists(iop));
+    r = vtpool({"build", xml, "-o", iop, "--no-check"});
     ASSERT_EQ(r.status, 0) << r.err.toStdString();
     QByteArray built = read_file(iop);
     EXPECT_FALSE(built.isEmpty());
     // The pool written in buffers of any size is the same file.
     for (const char* chunk : {"1", "5", "64"}) {
         const QString other = tmp.filePath(QStringLiteral("pool_%1.iop").arg(chunk));
-        ASSERT_EQ(vtpool({"build", xml, "-o", other, "--chunk", chunk}).status, 0);
+        ASSERT_EQ(vtpool({"build", xml, "-o", other, "--chunk", chunk, "--no-check"}).status, 0);
         EXPECT_EQ(read_file(other), built) << chunk;
     }
     // A pool file is written back as it was read.
     const QString again = tmp.filePath("again.iop");
-    ASSERT_EQ(vtpool({"build", iop, "-o", again}).status, 0);
+    ASSERT_EQ(vtpool({"build", iop, "-o", again, "--no-check"}).status, 0);
     EXPECT_EQ(read_file(again), built);
 
     r = vtpool({"dump", iop, "--bytes"});
@@ -97,8 +106,8 @@ TEST(ToolsVtpool, BuildsDumpsAndChecksAndReportsProblemsWithStatusOne)
     EXPECT_TRUE(r.out.contains("Number_variable(5000)")) << r.out.toStdString();
     EXPECT_TRUE(r.out.contains("bytes {")) << r.out.toStdString();
     r = vtpool({"check", xml});
-    EXPECT_EQ(r.status, 0) << r.out.toStdString();
-    EXPECT_TRUE(r.out.contains("0 problems"));
+    EXPECT_EQ(r.status, 1) << r.out.toStdString();
+    EXPECT_TRUE(r.out.contains("3 objects: 1 error, 0 warnings")) << r.out.toStdString();
     EXPECT_TRUE(r.out.contains("needs VT version 2"));
     r = vtpool({"info", iop});
     EXPECT_EQ(r.status, 0);
@@ -130,7 +139,8 @@ TEST(ToolsVtpool, TerminalOptionsShapeTheBytesAndTheCheck)
     auto build = [&](const QStringList& options) {
         const QString out = tmp.filePath("terminal.iop");
         QFile::remove(out);
-        Outcome r = vtpool(QStringList({"build", xml, "-o", out}) + options);
+        // A data mask and a font without a working set: checking would stop the build.
+        Outcome r = vtpool(QStringList({"build", xml, "-o", out, "--no-check"}) + options);
         EXPECT_EQ(r.status, 0) << r.err.toStdString();
         return read_file(out);
     };
@@ -205,6 +215,124 @@ TEST(ToolsVtpool, SourceNeedsIdentifiersAndNamedReferences)
                      "to object 2), as in pool bytes; generated source needs a pool description");
 }
 
+using VT::Description;
+using VT::Object_pool;
+using VT::Pool_file;
+
+TEST(ToolsVtpool, CheckExitsByWhatItFindsAndSpeaksJson)
+{
+    const QString data = QStringLiteral(VT_TEST_DATA_DIR "/check/");
+    // Clean, warnings only (and --werror), errors, bad usage.
+    Outcome r = vtpool({"check", QStringLiteral(VT_EXAMPLES_DIR "/small.xml")});
+    EXPECT_EQ(r.status, 0) << r.out.toStdString();
+    EXPECT_TRUE(r.out.contains("10 objects: 0 errors, 0 warnings")) << r.out.toStdString();
+    const QString warned = data + "unreachable.output-string-nobody-shows.xml";
+    r = vtpool({"check", warned});
+    EXPECT_EQ(r.status, 0);
+    EXPECT_TRUE(r.out.contains("warning: " + warned + ":9: 'lost' (Output_string 3): nothing reaches it")) << r.out.toStdString();
+    EXPECT_TRUE(r.out.contains("  hint: show it somewhere, or leave it out of the pool"));
+    EXPECT_EQ(vtpool({"check", warned, "--werror"}).status, 1);
+    r = vtpool({"check", data + "macro-target.missing-object.xml"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.out.contains("[macro-target]")) << r.out.toStdString();
+    EXPECT_EQ(vtpool({"check", warned, "--format", "yaml"}).status, 2);
+    EXPECT_EQ(vtpool({"check", warned, "--vt-version", "1"}).status, 2);
+
+    // The JSON document of a pool file parses, with the finding's offset.
+    r = vtpool({"check", data + "unique-id.variable-twice.iop", "--format", "json"});
+    EXPECT_EQ(r.status, 1);
+    QJsonParseError error;
+    const QJsonObject doc = QJsonDocument::fromJson(r.out.toUtf8(), &error).object();
+    ASSERT_EQ(error.error, QJsonParseError::NoError) << r.out.toStdString();
+    const QJsonArray findings = doc["findings"].toArray();
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_EQ(findings[0].toObject()["rule"].toString(), "unique-id");
+    EXPECT_EQ(findings[0].toObject()["location"].toObject()["offset"].toInt(), 68);
+    // A pool that does not load is one error of the rule "load", in JSON too.
+    r = vtpool({"check", data + "missing.iop", "--format", "json"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(QJsonDocument::fromJson(r.out.toUtf8()).object()["findings"].toArray()[0].toObject()["rule"].toString(),
+              "load");
+}
+
+TEST(ToolsVtpool, BuildRefusesWhatTheCheckFindsAndIdsUsedTwice)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString data = QStringLiteral(VT_TEST_DATA_DIR "/check/");
+    const QString out = tmp.filePath("out.iop");
+    // An error: no file; with --no-check, the pool is built as it is.
+    Outcome r = vtpool({"build", data + "ref-type.font-is-line-attributes.xml", "-o", out});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("[ref-type]")) << r.err.toStdString();
+    EXPECT_TRUE(r.err.contains("not built: 1 error")) << r.err.toStdString();
+    EXPECT_FALSE(QFile::exists(out));
+    EXPECT_EQ(vtpool({"build", data + "ref-type.font-is-line-attributes.xml", "-o", out, "--no-check"}).status, 0);
+    // Warnings do not stop a build; a terminal's version does.
+    EXPECT_EQ(vtpool({"build", data + "unreachable.output-string-nobody-shows.xml", "-o", out}).status, 0);
+    r = vtpool({"build", QStringLiteral(VT_EXAMPLES_DIR "/realistic.xml"), "-o", out, "--vt-version", "5"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("object type PNG needs VT version 6; the terminal speaks VT version 5")) << r.err.toStdString();
+
+    // Two objects under one id: shown by dump, info and check, never built, not even unchecked.
+    const QString twice = data + "unique-id.variable-twice.iop";
+    r = vtpool({"dump", twice});
+    EXPECT_EQ(r.status, 0) << r.err.toStdString();
+    EXPECT_EQ(r.out.count("Number_variable(4)"), 2) << r.out.toStdString();
+    EXPECT_TRUE(r.err.contains("'Number_variable_4' (Number_variable 4) at offset 68 has the id of "
+                               "'Number_variable_4' (Number_variable 4) at offset 61"))
+        << r.err.toStdString();
+    EXPECT_EQ(vtpool({"info", twice}).status, 0);
+    r = vtpool({"build", twice, "-o", out, "--no-check"});
+    EXPECT_EQ(r.status, 1);
+    EXPECT_TRUE(r.err.contains("id 4 is used by 'Number_variable_4' (Number_variable 4) at offset 61 and by "
+                               "'Number_variable_4' (Number_variable 4) at offset 68"))
+        << r.err.toStdString();
+}
+
+TEST(ToolsVtpool, TheLibrarySpeaksOnceNamingTheObject)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    // An unknown variable and an option out of range, which the description reports in its
+    // own words (the library says both as well).
+    const QString xml = tmp.filePath("said.xml");
+    ASSERT_TRUE(write_file(xml, R"(<object_pool>
+  <Working_set name="ws" active_mask="main"/>
+  <Data_mask name="main"><place object="out" x_location="0" y_location="0"/></Data_mask>
+  <Output_string name="out" width="10" height="10" font_attributes="f" variable_reference="nothere" options="9"/>
+  <Font_attributes name="f"/>
+</object_pool>)"));
+    Outcome r = vtpool({"check", xml});
+    EXPECT_EQ(r.status, 1);
+    const QString all = r.out + r.err;
+    EXPECT_EQ(all.count("nothere"), 1) << all.toStdString();
+    EXPECT_FALSE(all.contains("!WARNING!")) << all.toStdString();
+    EXPECT_EQ(all.count("'options'"), 1) << all.toStdString();
+    EXPECT_TRUE(all.contains(xml + ":4: 'options' of <Output_string name='out'> is 9, outside its range 0 to 7"))
+        << all.toStdString();
+    // Asked for, the library's own words come as well.
+    r = vtpool({"check", xml, "--verbose"});
+    EXPECT_TRUE((r.out + r.err).contains("!WARNING! Attribute 'variable_reference' refers to non-existant object 'nothere'"))
+        << (r.out + r.err).toStdString();
+    EXPECT_TRUE((r.out + r.err).contains("'options' 9 is above its maximum 7, so 7 was kept")) << (r.out + r.err).toStdString();
+
+    // Pool bytes: a clamped value names the object, its offset and the attribute.
+    Object_pool pool;
+    Description d;
+    ASSERT_TRUE(d.parse("<object_pool><Output_string name=\"s\" font_attributes=\"65535\"/></object_pool>", "s.xml"));
+    ASSERT_TRUE(d.build(pool));
+    QByteArray bytes = Pool_file::write(pool);
+    bytes[10] = char(200); // options: 0..7
+    const QString iop = tmp.filePath("clamped.iop");
+    ASSERT_TRUE(write_file(iop, bytes));
+    r = vtpool({"info", iop});
+    EXPECT_EQ(r.err.trimmed().toStdString(), ("warning: " + iop +
+                                              ": object 0 (id 0, type 11 Output_string) at byte offset 0: 'options' 200 "
+                                              "is above its maximum 7, so 7 was kept")
+                                                 .toStdString());
+}
+
 TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
 {
     // The general help names every command; each command's help lists its options, and the
@@ -275,7 +403,7 @@ TEST(ToolsVtpool, BadCommandLinesNameTheOptionAtFault)
     QTemporaryDir tmp;
     ASSERT_TRUE(tmp.isValid());
     const QString xml = QStringLiteral(VT_TEST_DATA_DIR "/tools/variables.xml");
-    EXPECT_EQ(vtpool({"build", xml, "--output=" + tmp.filePath("a.iop")}).status, 0);
-    EXPECT_EQ(vtpool({"build", "--chunk", "7", xml, "-o", tmp.filePath("-b.iop")}).status, 0);
+    EXPECT_EQ(vtpool({"build", xml, "--output=" + tmp.filePath("a.iop"), "--no-check"}).status, 0);
+    EXPECT_EQ(vtpool({"build", "--chunk", "7", xml, "-o", tmp.filePath("-b.iop"), "--no-check"}).status, 0);
     EXPECT_EQ(read_file(tmp.filePath("a.iop")), read_file(tmp.filePath("-b.iop")));
 }

@@ -5,15 +5,14 @@
 #include <QFileInfo>
 #include <QImage>
 #include <cstring>
-#include <iostream>
 #include <memory>
 #include <limits>
-#include <sstream>
 #include <type_traits>
 
 #include "tools/description/Values.h"
 #include "tools/description/Xml_reader.h"
 #include "tools/pictures/Picture_encoder.h"
+#include "tools/pool/Labels.h"
 #include "tools/pool/Object_factory.h"
 #include "tools/terminal/Scaling.h"
 
@@ -338,20 +337,16 @@ void Description::prepare_picture(Xml_element* e, bool png)
     e->supply("bytes", data, true);
 }
 
-void Description::read_values()
+void Description::read_values(Library_output& said)
 {
-    // Library chatter on standard output (arrays print what they read) stays out of the output
-    // of the tool.
-    std::ostringstream chatter;
-    // The buffer it had is put back even when that was none (a host that silenced the stream).
-    const bool quiet = !verbose;
-    std::streambuf* old = quiet ? std::cout.rdbuf(chatter.rdbuf()) : nullptr;
-
     QSet<Xml_element*> done;
     auto process = [&](Xml_element* e, scale_area_t area) {
         done.insert(e);
+        said.set_context([this, e]() { return where(e) + QStringLiteral(": ") + object_label(e->object); });
         e->object->set_by_spec(area);
-        check_ranges(e);
+        const QSet<QString> reported = check_ranges(e);
+        if (said.any())
+            hear(said, e, object_label(e->object), reported);
     };
     QVector<Xml_element*> built;
     for (Xml_element* e : object_elements)
@@ -378,9 +373,21 @@ void Description::read_values()
     for (Xml_element* e : built)
         if (!done.contains(e))
             process(e, SCALE_AREA_NONE);
+}
 
-    if (quiet)
-        std::cout.rdbuf(old);
+void Description::hear(Library_output& said, const Xml_element* e, const QString& who, const QSet<QString>& ranges)
+{
+    for (const Library_output::Line& line : said.take()) {
+        const QString clamp = Library_output::clamp_detail(line.text);
+        const QString text = clamp.isEmpty() ? line.text : clamp;
+        const QString about = who.isEmpty() ? text : who + QStringLiteral(": ") + text;
+        // A clamp of a value check_ranges reported is said in the description's own words.
+        const bool range_reported = !clamp.isEmpty() && ranges.contains(clamp.section('\'', 1, 1));
+        if (line.chatter || Library_output::restated_by_tool(line.text) || range_reported)
+            note_list.append(where(e) + QStringLiteral(": ") + about);
+        else
+            warning(e, about);
+    }
 }
 
 namespace {
@@ -432,9 +439,11 @@ bool within(bool negative, quint64 magnitude, qint64 min, qint64 max)
 }
 
 // The library clamps a value outside its attribute's range (and cuts a colour number to its
-// low byte): a description names where it gave one.
-void Description::check_ranges(Xml_element* e)
+// low byte): a description names where it gave one. Returns the names of the attributes
+// reported.
+QSet<QString> Description::check_ranges(Xml_element* e)
 {
+    QSet<QString> reported;
     VT_obj* obj = e->object;
     for (uint16_t i = 0; i < obj->get_num_every_attribute(); ++i) {
         Attribute* a = obj->get_every_attribute(i);
@@ -456,6 +465,7 @@ void Description::check_ranges(Xml_element* e)
                                       QString::fromUtf8(obj->get_name()), QString::fromUtf8(text->trimmed()))
                                  .arg(r.min)
                                  .arg(r.max);
+        reported.insert(QString::fromUtf8(a->name));
         if (!lenient) {
             problem(e, what + " (--lenient takes the nearest value in range)");
             continue;
@@ -464,6 +474,7 @@ void Description::check_ranges(Xml_element* e)
         if (auto* c = colour ? dynamic_cast<Attribute_uint8*>(a) : nullptr)
             *c = uint8_t(clamped);
     }
+    return reported;
 }
 
 namespace {
@@ -611,11 +622,17 @@ bool Description::build(Object_pool& target)
         else
             problem(e, why);
     }
-    read_values();
+    // What the library says while the objects take their values is filed under their elements.
+    Library_output said(verbose);
+    read_values(said);
     // Children placed by name learn their area from the masks only through their references.
+    said.set_context(nullptr);
     Scaling::propagate_areas(*pool);
+    hear(said, nullptr, QString());
     resolve_colours();
+    hear(said, nullptr, QString());
     justify();
+    hear(said, nullptr, QString());
     report_unused(root.get());
     return problem_list.isEmpty();
 }

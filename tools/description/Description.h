@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "tools/description/Xml_element.h"
+#include "tools/pool/Library_output.h"
 #include "tools/pool/Object_pool.h"
 
 namespace VT {
@@ -34,10 +35,13 @@ public:
     // whatever could be built.
     bool build(Object_pool& pool);
 
-    // Problems found (each "file:line: text"); warnings do not make a build fail.
+    // Problems found (each "file:line: text"); warnings do not make a build fail. What the
+    // library says while building joins the warnings, naming the object, unless the
+    // description reports it in its own words: such lines, and the library's chatter on
+    // standard output (kept only when verbose), are library_notes().
     const QStringList& problems() const { return problem_list; }
     const QStringList& warnings() const { return warning_list; }
-    // Library chatter on standard output during set_by_spec is dropped unless verbose.
+    const QStringList& library_notes() const { return note_list; }
     void set_verbose(bool on) { verbose = on; }
     // Values outside their attribute's range are problems; lenient, they are warnings and the
     // values are clamped into the range.
@@ -73,12 +77,17 @@ private:
     void assign_ids();
     void prepare_values(Xml_element* e);
     void prepare_picture(Xml_element* e, bool png);
-    void read_values();
+    void read_values(Library_output& said);
     void resolve_colours();
     void justify();
     bool root_size(const char* key, int& w, int& h);
     void report_unused(const Xml_element* e);
-    void check_ranges(Xml_element* e);
+    QSet<QString> check_ranges(Xml_element* e);
+    // Files what the library said since the last call under element `e` (the root when null),
+    // about `who` (an object's label, or empty); clamps of the attributes named in `ranges`
+    // were reported already.
+    void hear(Library_output& said, const Xml_element* e, const QString& who,
+              const QSet<QString>& ranges = QSet<QString>());
 
     QString file;
     QString base_dir;
@@ -91,6 +100,7 @@ private:
     Object_pool* pool = nullptr;
     QStringList problem_list;
     QStringList warning_list;
+    QStringList note_list;
     bool verbose = false;
     bool lenient = false;
 };

@@ -2,7 +2,6 @@
 // (Description::make_node).
 #include <QString>
 #include <cstring>
-#include <iostream>
 #include <limits>
 
 #include "tools/description/Description.h"
@@ -119,12 +118,8 @@ public:
         return nullptr;
     }
 
-    void report_unresolved() override
-    {
-        char text[512];
-        describe(text, sizeof text);
-        std::cerr << text << ": reference to an unknown object" << std::endl;
-    }
+    // The unknown name is reported where it is looked up (lookup_object_id).
+    void report_unresolved() override {}
 
 private:
     // "!Event_macro" (any "!" filter) selects the children that are objects or place/ref items;

@@ -2,8 +2,11 @@
 
 #include <QBuffer>
 #include <QDir>
+#include <QSet>
 
 #include "tools/output/Output_file.h"
+#include "tools/pool/Labels.h"
+#include "tools/pool/Library_output.h"
 
 namespace VT {
 
@@ -25,9 +28,11 @@ bool write_image(const QImage& image, const QString& path, QStringList& problems
 
 }
 
-QStringList Pictures::write_all(Object_pool& pool, const QString& dir, QStringList& problems)
+QStringList Pictures::write_all(Object_pool& pool, const QString& dir, QStringList& problems, QStringList* warnings)
 {
     QStringList written;
+    QSet<QString> names;
+    Library_output said;
     for (VT_obj* obj : pool.objects()) {
         QImage image;
         if (auto* picture = dynamic_cast<Base::Picture_graphic_obj*>(obj))
@@ -37,6 +42,14 @@ QStringList Pictures::write_all(Object_pool& pool, const QString& dir, QStringLi
         else
             continue;
         QString name = QString::fromUtf8(obj->get_name());
+        for (int n = 2; names.contains(name); ++n)
+            name = QStringLiteral("%1_%2").arg(QString::fromUtf8(obj->get_name())).arg(n);
+        names.insert(name);
+        // The problems below say in their own words what the library says of pictures that
+        // do not decode.
+        for (const Library_output::Line& line : said.take())
+            if (warnings && !Library_output::restated_by_tool(line.text))
+                warnings->append(object_label(obj) + QStringLiteral(": ") + line.text);
         QString path = QDir(dir).filePath(name + ".png");
         if (image.isNull())
             problems.append(QStringLiteral("'%1' (id %2) holds no picture that can be decoded").arg(name).arg(obj->get_id()));

@@ -12,9 +12,12 @@ namespace VT {
 class Pictures
 {
 public:
-    // Writes every picture graphic and PNG object of the pool as DIR/<name>.png; returns the
-    // files written, and lists those that could not be written in `problems`.
-    static QStringList write_all(Object_pool& pool, const QString& dir, QStringList& problems);
+    // Writes every picture graphic and PNG object of the pool as DIR/<name>.png (a second
+    // object of the same name, as objects sharing an id have, as <name>_2.png); returns the
+    // files written, and lists those that could not be written in `problems`. What the library
+    // says while decoding a picture (data that overruns it) goes to `warnings`, naming it.
+    static QStringList write_all(Object_pool& pool, const QString& dir, QStringList& problems,
+                                 QStringList* warnings = nullptr);
 };
 
 }

@@ -345,6 +345,20 @@ bool Object_pool::add_default_named(VT_obj* obj, size_t name_len, QString* error
     return admit(obj, name, name_len, Naming::own_default, error);
 }
 
+bool Object_pool::add_duplicate(VT_obj* obj)
+{
+    if (!obj)
+        return false;
+    if (!find(obj->__get_id())) {
+        discard(obj);
+        return false;
+    }
+    obj->set_pool_helper(&pool_helper);
+    obj->get_list_hook(0)[0] = this;
+    list.append(obj);
+    return true;
+}
+
 bool Object_pool::admit(VT_obj* obj, const char* name, size_t name_len, Naming naming, QString* error)
 {
     const uint16_t id = obj->__get_id();

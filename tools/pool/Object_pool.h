@@ -80,6 +80,11 @@ public:
     // add() for an object that carries its default name (see write_default_name), `name_len`
     // long, as every object read from pool bytes does: the name itself is not looked at.
     bool add_default_named(VT_obj* obj, size_t name_len, QString* error = nullptr);
+    // Keeps an object whose id an earlier object already uses, as a pool read for inspection
+    // holds it (a terminal would reject it): it is listed and written, but find() keeps
+    // giving the earlier object, and its name is not indexed. Fails (and discards the
+    // object) when no object uses the id yet.
+    bool add_duplicate(VT_obj* obj);
     // Builds an object of the entry's class in the pool's own storage, not yet added: hand it
     // to add() or discard(). Objects made here cost no heap allocation of their own and lie
     // together in memory, which is what makes reading large pools fast.

@@ -6,6 +6,7 @@
 #include <limits>
 #include <vector>
 
+#include "tools/pool/Library_output.h"
 #include "tools/pool/Object_factory.h"
 
 namespace VT {
@@ -81,9 +82,13 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
     uint8_t* data = const_cast<uint8_t*>(reinterpret_cast<const uint8_t*>(input.constData()));
     const int size = input.size();
     std::vector<uint8_t> scratch;
+    Library_output said;
+    int offset = 0;
     auto fail = [&](const QString& text) {
         if (error)
             *error = text;
+        if (report)
+            report->stopped_at = offset;
         return false;
     };
     if (size == 0)
@@ -97,7 +102,7 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
     };
     Type_info types[256];
     int index = 0;
-    for (int offset = 0; offset < size; ++index) {
+    for (; offset < size; ++index) {
         int remaining = size - offset;
         if (remaining < 3)
             return fail(QStringLiteral("object %1 at byte offset %2: truncated object header (%3 bytes left, 3 needed)")
@@ -127,7 +132,8 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
                 return fail(where() + QStringLiteral(": object type %1 is not available in this build").arg(type));
             return fail(where() + QStringLiteral(": unknown object type %1").arg(type));
         }
-        if (pool.find(id))
+        VT_obj* duplicate = pool.find(id);
+        if (duplicate && !(report && report->keep_duplicate_ids))
             return fail(where() + QStringLiteral(": id %1 is already used by an earlier object").arg(id));
         if (id == VT_obj::NULL_ID)
             return fail(where() + QStringLiteral(": object id 65535 is the NULL id"));
@@ -164,16 +170,35 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         Iso::Deserialise_results res;
         int consumed = marks ? read_marking(pool, obj, make, at + 3, remaining - 3, scratch, &res)
                              : obj->deserialise(0, at + 3, remaining - 3, &res);
+        // What the library said about this object: what it clamped joins the report's line
+        // for the object; the rest the report keeps as notes.
+        QStringList clamps;
+        if (said.any())
+            for (const Library_output::Line& line : said.take()) {
+                const QString clamp = Library_output::clamp_detail(line.text);
+                if (!clamp.isEmpty())
+                    clamps.append(clamp);
+                else if (report)
+                    report->library_notes.append(where() + QStringLiteral(": ") + line.text);
+            }
         if (consumed < 0 || consumed > remaining - 3) {
             pool.discard(obj);
             return fail(where() + QStringLiteral(": attributes truncated or malformed (%1 bytes left after the header)")
                                       .arg(remaining - 3));
         }
-        if (report && (res.flags & Iso::Deserialise_results::value_clamped))
-            report->clamped.append(where());
+        if (report && (res.flags & Iso::Deserialise_results::value_clamped)) {
+            report->clamped.append(where() + QStringLiteral(": ") +
+                                   (clamps.isEmpty() ? QStringLiteral("a value lay outside its range and was clamped")
+                                                     : clamps.join(QStringLiteral("; "))));
+            report->clamped_objects.append(index);
+        }
         QString why;
-        if (!pool.add_default_named(obj, name_len, &why))
+        if (duplicate && !pool.add_duplicate(obj))
+            return fail(where() + QStringLiteral(": id %1 could not be kept").arg(id));
+        if (!duplicate && !pool.add_default_named(obj, name_len, &why))
             return fail(where() + QStringLiteral(": ") + why);
+        if (duplicate)
+            report->duplicate_ids.append({index, int(pool.objects().indexOf(duplicate))});
         if (report) {
             report->objects = index + 1;
             report->offsets.append(offset);

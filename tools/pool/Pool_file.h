@@ -18,15 +18,29 @@ class Pool_file
 public:
     struct Read_report
     {
+        // Set by the caller: keep an object whose id an earlier object uses (the pool holds
+        // both, see Object_pool::add_duplicate) instead of stopping there.
+        bool keep_duplicate_ids = false;
+
         int objects = 0;
         QVector<int> offsets; // where each object starts in the input
-        // Objects one of whose values lay outside its range and was clamped while reading.
+        // Objects one of whose values lay outside its range and was clamped while reading,
+        // each "object ... at byte offset N: " and what was clamped, as far as the library said.
         QStringList clamped;
+        QVector<int> clamped_objects; // the index of the object of each line of `clamped`
+        // Objects kept although their id was taken: (index, index of the earlier object).
+        QVector<QPair<int, int>> duplicate_ids;
+        // The offset at which reading stopped on a bad object; -1 when everything was read.
+        int stopped_at = -1;
+        // What the library said while reading that the error or `clamped` already tell in
+        // other words ("Deser:" reasons), each line naming the object.
+        QStringList library_notes;
     };
 
     // Reads every object of `bytes` into `pool` (objects are named "<Type>_<id>"). Stops at the
     // first bad object with a one-line error naming its index, id, type and byte offset. The
     // bytes are only read, so they may lie in read-only memory (QByteArray::fromRawData).
+    // What the library prints while reading is caught and lands in the report.
     static bool read(const QByteArray& bytes, Object_pool& pool, QString* error, Read_report* report = nullptr);
     static bool read_file(const QString& path, Object_pool& pool, QString* error, Read_report* report = nullptr);
 

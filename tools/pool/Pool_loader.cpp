@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "tools/description/Description.h"
+#include "tools/check/Read_diagnosis.h"
 #include "tools/pool/Pool_file.h"
 
 namespace VT {
@@ -23,7 +24,7 @@ bool looks_like_xml(const QByteArray& head)
 }
 
 bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                       bool verbose, bool* is_description, bool lenient)
+                       bool verbose, bool* is_description, Pool_file::Read_report* report, bool lenient)
 {
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) {
@@ -43,16 +44,30 @@ bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& prob
         bool ok = d->parse(content, path) && d->build(pool);
         problems += d->problems();
         warnings += d->warnings();
+        if (verbose)
+            warnings += d->library_notes();
         return ok && problems.isEmpty();
     }
     QString error;
-    Pool_file::Read_report report;
-    if (!Pool_file::read(content, pool, &error, &report)) {
+    Pool_file::Read_report own;
+    Pool_file::Read_report& r = report ? *report : own;
+    const bool read = Pool_file::read(content, pool, &error, &r);
+    // Objects after one whose length is wrong are read from the wrong bytes: what was clamped
+    // in them says nothing.
+    Check::Suspect suspect;
+    const bool suspected = !read && Check::Read_diagnosis::diagnose(content, r, &suspect);
+    for (int i = 0; i < r.clamped.size(); ++i)
+        if (!suspected || r.clamped_objects.value(i) <= suspect.index)
+            warnings.append(path + ": " + r.clamped[i]);
+    if (verbose)
+        for (const QString& note : r.library_notes)
+            warnings.append(path + ": " + note);
+    if (!read) {
         problems.append(path + ": " + error);
+        if (suspected)
+            problems.append(path + ": " + suspect.text());
         return false;
     }
-    for (const QString& c : report.clamped)
-        warnings.append(path + ": " + c + ": a value lay outside its range and was clamped");
     return true;
 }
 

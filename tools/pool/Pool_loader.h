@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "tools/pool/Object_pool.h"
+#include "tools/pool/Pool_file.h"
 
 namespace VT {
 
@@ -14,10 +15,14 @@ class Pool_loader
 public:
     // Chooses by content (or the .xml suffix). Problems and warnings are "file:line: text"
     // lines; false when the pool could not be built cleanly. A description stays alive as long
-    // as the pool, whose objects keep its nodes. `lenient`: values of a description outside
+    // as the pool, whose objects keep its nodes. Pool bytes that stop reading name the object
+    // probably at fault. With `verbose`, warnings also hold what the library said that the
+    // tool reports in its own words. `report`, when given, receives how pool bytes were read
+    // (and says whether ids used twice are kept). `lenient`: values of a description outside
     // their range are warnings (and clamped) rather than problems.
     static bool load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                     bool verbose = false, bool* is_description = nullptr, bool lenient = false);
+                     bool verbose = false, bool* is_description = nullptr, Pool_file::Read_report* report = nullptr,
+                     bool lenient = false);
 };
 
 }

@@ -4,7 +4,7 @@
 #include <QImage>
 #include <QSet>
 
-#include "tools/check/Structure_check.h"
+#include "tools/check/Object_facts.h"
 #include "tools/pictures/Picture_encoder.h"
 #include "tools/pool/Labels.h"
 #include "tools/terminal/Colour_reduction.h"
@@ -198,7 +198,7 @@ void Terminal_adaptation::fit_version(Object_pool& pool, const Terminal& termina
     const QVector<VT_obj*> objects = pool.objects();
     for (VT_obj* obj : objects) {
         const unsigned type = obj->get_type();
-        const int needs = Structure_check::type_version(type & 0xFF);
+        const int needs = Check::type_version(type & 0xFF);
         if (needs <= terminal.vt_version)
             continue;
         auto* png = dynamic_cast<Base::PNG_obj*>(obj);
@@ -220,6 +220,31 @@ void Terminal_adaptation::fit_version(Object_pool& pool, const Terminal& termina
         } else {
             problems.append(lacks + "; its image does not decode, so it cannot be sent as a Picture_graphic");
         }
+    }
+    // Attribute values a later version added: what the attribute asks for is named.
+    for (VT_obj* obj : pool.objects()) {
+        QStringList cleared;
+        for (int f = 0; f < Check::value_version_count; ++f) {
+            const Check::Value_version& v = Check::value_versions[f];
+            if (v.version <= terminal.vt_version || obj->get_type() != v.type)
+                continue;
+            auto* value = attribute<Attribute_uint8>(obj, v.attribute);
+            if (!value || !(value->get() & v.bits))
+                continue;
+            if (!downgrade) {
+                problems.append(QStringLiteral("%1: '%2' asks for %3, which needs VT version %4; the terminal speaks VT "
+                                               "version %5 (--downgrade does without it)")
+                                    .arg(object_label(obj), QString::fromLatin1(v.attribute),
+                                         QString::fromLatin1(v.meaning))
+                                    .arg(v.version)
+                                    .arg(terminal.vt_version));
+                continue;
+            }
+            *value = uint8_t(value->get() & ~v.bits);
+            cleared.append(QStringLiteral("%1, which needs VT version %2").arg(QString::fromLatin1(v.meaning)).arg(v.version));
+        }
+        if (!cleared.isEmpty())
+            warnings.append(QStringLiteral("%1: left out %2").arg(object_label(obj), cleared.join("; ")));
     }
 }
 
@@ -326,12 +351,14 @@ bool Terminal_adaptation::adapt(Object_pool& pool, const Terminal& terminal, con
                                 QStringList& problems, QStringList& warnings)
 {
     const int before = problems.size();
-    fit_version(pool, terminal, options.downgrade, problems, warnings);
     const Scaling::Ratio mask = Scaling::mask_ratio(terminal, options.design);
     const Scaling::Ratio key = Scaling::key_ratio(terminal, options.design);
     if (mask.active || key.active)
         Scaling::scale(pool, mask, key);
+    // Fonts first: where the terminal has no proportional fonts (as before VT version 4) a
+    // proportional font becomes a fixed one, which is no downgrade but the font rule.
     fit_fonts(pool, terminal, mask, key, problems);
+    fit_version(pool, terminal, options.downgrade, problems, warnings);
     reduce_pictures(pool, terminal, problems);
     reduce_colour_maps(pool, terminal);
     reduce_colours(pool, terminal);
@@ -341,7 +368,7 @@ bool Terminal_adaptation::adapt(Object_pool& pool, const Terminal& terminal, con
         pool.set_negotiated_version(uint8_t(terminal.vt_version));
         QSet<uint8_t> types;
         for (unsigned t = 0; t < 256; ++t)
-            if (int needs = Structure_check::type_version(t))
+            if (int needs = Check::type_version(t))
                 if (needs <= terminal.vt_version)
                     types.insert(uint8_t(t));
         pool.set_supported_types(types);

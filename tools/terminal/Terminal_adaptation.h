@@ -36,8 +36,8 @@ public:
         bool downgrade = false; // replace what the terminal's VT version lacks where it can be
     };
 
-    // All of the steps below, in order, for `terminal`: the VT version, scaling (when a design
-    // size is given), fonts, pictures, colour maps, colours; then the pool's serialisation
+    // All of the steps below, in order, for `terminal`: scaling (when a design size is given),
+    // fonts, the VT version, pictures, colour maps, colours; then the pool's serialisation
     // limits, negotiated version and supported types. Problems are what makes the pool unusable
     // for the terminal (false); warnings what the terminal gets differently from the design.
     // Objects read from pool bytes need their areas first (Scaling::propagate_areas) when the
@@ -49,10 +49,11 @@ public:
     // style, under which the library writes colours, fonts and picture data as they stand.
     static Serialisation_limits serialisation_limits();
 
-    // Objects of a type the terminal's VT version lacks are problems naming the version that
-    // has them; with `downgrade`, those that an older type can stand for are replaced, with a
-    // warning each: a PNG object becomes a picture graphic of its image (8-bit pixels, then
-    // reduced as every picture is).
+    // Objects of a type the terminal's VT version lacks, and attribute values only a later
+    // version understands (the check's table of them), are problems naming object, attribute
+    // and the version that has them. With `downgrade`, what an older form can stand for is
+    // replaced, with one warning per object: a PNG object becomes a picture graphic of its
+    // image (8-bit pixels, then reduced as every picture is), such values lose their bits.
     static void fit_version(Object_pool& pool, const Terminal& terminal, bool downgrade, QStringList& problems,
                             QStringList& warnings);
     // Each font attributes object: a fixed size scaled with the area it is used in (the

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <iostream>
 
-#include "tools/pool/Pool_loader.h"
+#include "tools/pool/Labels.h"
 
 namespace Vtpool {
 
@@ -127,13 +127,23 @@ int Invocation::usage_error(const QString& text) const
     return USAGE;
 }
 
-bool Invocation::load(Object_pool& pool, bool verbose, bool* is_description) const
+bool Invocation::load(Object_pool& pool, bool verbose, bool* is_description, VT::Check::Loaded* loaded) const
 {
-    QStringList problems, warnings;
-    bool ok = VT::Pool_loader::load(argument(), pool, problems, warnings, verbose, is_description, is_set("lenient"));
-    print_lines(warnings, "warning: ");
-    print_lines(problems, "error: ");
-    return ok;
+    VT::Check::Loaded l =
+        VT::Check::load(argument(), pool, verbose || (declares("verbose") && is_set("verbose")), is_set("lenient"));
+    for (const auto& d : l.duplicates)
+        l.warnings.append(QStringLiteral("%1: %2 at offset %3 has the id of %4 at offset %5")
+                              .arg(argument(), VT::object_label(pool.objects()[d.first]))
+                              .arg(l.source.offsets.value(d.first))
+                              .arg(VT::object_label(pool.objects()[d.second]))
+                              .arg(l.source.offsets.value(d.second)));
+    print_lines(l.warnings, "warning: ");
+    print_lines(l.problems, "error: ");
+    if (is_description)
+        *is_description = l.is_description;
+    if (loaded)
+        *loaded = l;
+    return l.ok;
 }
 
 bool Invocation::parse_number(const QString& text, unsigned max, unsigned& out)

@@ -7,6 +7,7 @@
 #include <QVector>
 #include <vector>
 
+#include "tools/check/Check_tool.h"
 #include "tools/pool/Object_pool.h"
 
 // The vtpool program: its commands and what they share.
@@ -77,8 +78,12 @@ public:
     int usage_error(const QString& text) const;
 
     // Loads the first positional argument, a description or pool file, printing its problems
-    // and warnings; false when it could not be built cleanly.
-    bool load(Object_pool& pool, bool verbose = false, bool* is_description = nullptr) const;
+    // and warnings; false when it could not be built cleanly. Objects of a pool file whose id
+    // an earlier object uses are kept, with a warning, so that they can be shown; `loaded`
+    // receives what else the loading found. With the command's --verbose, what the library
+    // said that the tool reports in its own words is shown as well.
+    bool load(Object_pool& pool, bool verbose = false, bool* is_description = nullptr,
+              VT::Check::Loaded* loaded = nullptr) const;
 
     // Values of options: a decimal or 0x-hexadecimal number up to `max`, a size WIDTHxHEIGHT.
     static bool parse_number(const QString& text, unsigned max, unsigned& out);

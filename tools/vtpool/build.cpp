@@ -2,6 +2,7 @@
 #include <QFile>
 #include <iostream>
 
+#include "tools/check/Check_tool.h"
 #include "tools/output/Output_file.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/terminal/Terminal_adaptation.h"
@@ -22,7 +23,12 @@ int run(Invocation& in)
 
     Object_pool pool;
     bool is_description = false;
-    if (!in.load(pool, in.is_set("verbose"), &is_description))
+    VT::Check::Loaded loaded;
+    if (!in.load(pool, false, &is_description, &loaded))
+        return PROBLEM;
+    // The pool as given: what is wrong whatever the terminal.
+    const bool rules = !in.is_set("no-check");
+    if (!VT::Check::may_build(loaded, pool, 0, rules, std::cerr))
         return PROBLEM;
     // A pool file written without terminal options is written back as it was read.
     if (is_description || target.named) {
@@ -39,6 +45,9 @@ int run(Invocation& in)
             std::cerr << "error: the pool cannot be made one this terminal loads; nothing written" << std::endl;
             return PROBLEM;
         }
+        // The pool as the terminal gets it, against the terminal's VT version.
+        if (target.terminal.vt_version && !VT::Check::may_build(loaded, pool, target.terminal.vt_version, rules, std::cerr))
+            return PROBLEM;
     }
 
     // The upload in buffers must give the bytes of the whole pool serialised at once; only
@@ -79,12 +88,17 @@ Command build_command()
             "uploaded to a terminal with the given properties: colours, pictures, colour maps and\n"
             "fonts become the terminal's own (docs/terminals.md), or the build fails naming the\n"
             "objects in the way and writes nothing. Without terminal options a pool file is\n"
-            "written back as it was read.\n",
+            "written back as it was read.\n"
+            "The pool is checked first (the error rules of vtpool check) and not built when an\n"
+            "error is found, and checked again against the terminal's VT version once it is made\n"
+            "the terminal's own; a pool file that uses an id twice is never built.\n",
             QVector<Option>{Option::output("POOL.iop", "where to write the pool")} + Terminal_options::all() +
                 QVector<Option>{{{"downgrade"}, "", "replace what the terminal's VT version lacks where an older object "
-                                                    "can stand for it, warning for each"},
+                                                    "or value can stand for it, warning for each"},
                                 {{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
-                                {{"verbose"}, "", "show the library's chatter while building"}, Option::lenient()},
+                                {{"no-check"}, "", "build even when the checks find errors"},
+                                {{"verbose"}, "", "also show what the library said that is reported otherwise"},
+                                Option::lenient()},
             run};
 }
 

@@ -24,8 +24,8 @@ Command dump_command()
     return {"dump",
             "print every object of a pool",
             {"POOL"},
-            "Prints every object with its attributes.\n",
-            {{{"bytes"}, "", "add each object's bytes"}, Option::lenient()},
+            "Prints every object with its attributes (of objects sharing an id, all of them).\n",
+            {{{"bytes"}, "", "add each object's bytes"}, {{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient()},
             run};
 }
 

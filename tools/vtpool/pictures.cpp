@@ -19,10 +19,11 @@ int run(Invocation& in)
         std::cerr << "error: cannot create '" << dir.toStdString() << "'" << std::endl;
         return PROBLEM;
     }
-    QStringList problems;
-    QStringList written = VT::Pictures::write_all(pool, dir, problems);
+    QStringList problems, warnings;
+    QStringList written = VT::Pictures::write_all(pool, dir, problems, &warnings);
     for (const QString& w : written)
         std::cout << w.toStdString() << "\n";
+    print_lines(warnings, "warning: ");
     print_lines(problems, "error: ");
     std::cout << written.size() << " pictures written" << std::endl;
     return problems.isEmpty() ? OK : PROBLEM;
@@ -36,7 +37,7 @@ Command pictures_command()
             "write the pool's pictures as PNG files",
             {"POOL"},
             "Writes every picture graphic and PNG object as DIR/<name>.png.\n",
-            {Option::output("DIR", "the folder to write into, created if missing"), Option::lenient()},
+            {Option::output("DIR", "the folder to write into, created if missing"), {{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient()},
             run};
 }
 

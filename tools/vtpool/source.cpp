@@ -13,7 +13,8 @@ namespace {
 int run(Invocation& in)
 {
     Object_pool pool;
-    if (!in.load(pool))
+    VT::Check::Loaded loaded;
+    if (!in.load(pool, false, nullptr, &loaded) || !VT::Check::may_build(loaded, pool, 0, false, std::cerr))
         return PROBLEM;
     std::ostringstream text;
     QString error;
