@@ -393,3 +393,28 @@ TEST(Terminal_adaptation, InfoAndCheckNameWhatDecidesTheVersionAPoolNeeds)
             << command << ": " << r.out.toStdString();
     }
 }
+
+TEST(Terminal_adaptation, MacrosSetTheTerminalsColoursAndFonts)
+{
+    // Change Background Colour to red; Change Font Attributes to red, 24x32, bold; Change
+    // Attribute of the mask's background colour (AID 1) to red and of its soft-key mask (AID 2,
+    // an object id, left alone); the graphics context's foreground colour to red.
+    auto b = build(R"(<object_pool>
+  <Data_mask name="dm" id="1"/>
+  <Font_attributes name="f" id="2" font_size="1"/>
+  <Graphics_context name="gc" id="5" width="10" height="10" canvas_width="10" canvas_height="10"/>
+  <Macro name="m" id="9" bytes="A7 01 00 C4 FF FF FF FF  AA 02 00 C4 06 00 01 FF  AF 01 00 01 C4 00 00 00
+                                AF 01 00 02 C4 00 00 00  B8 05 00 02 C4 FF FF FF"/>
+</object_pool>)");
+    QStringList problems, warnings;
+    ASSERT_TRUE(Terminal_adaptation::adapt(b->pool, terminal(2, 0x0F, 0x00), {}, problems, warnings))
+        << problems.join("\n").toStdString();
+    auto back = sent(b->pool);
+    auto* macro = dynamic_cast<Base::Macro_obj*>(back->find(9));
+    ASSERT_NE(macro, nullptr);
+    QByteArray bytes;
+    for (unsigned i = 0; i < macro->get_num_bytes(); ++i)
+        bytes.append(char(macro->get_bytes(i)));
+    EXPECT_EQ(bytes.toHex(' ').toUpper(), QByteArray("A7 01 00 00 FF FF FF FF AA 02 00 00 03 00 01 FF AF 01 00 01 00 00 00 "
+                                                     "00 AF 01 00 02 C4 00 00 00 B8 05 00 02 00 FF FF FF"));
+}

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QSet>
 
+#include "tools/check/Macro_commands.h"
 #include "tools/check/Object_facts.h"
 #include "tools/pictures/Picture_encoder.h"
 #include "tools/pool/Labels.h"
@@ -256,6 +257,43 @@ Serialisation_limits Terminal_adaptation::serialisation_limits()
     return limits;
 }
 
+namespace {
+
+// The size and style a font takes on the terminal where it is used in an area of ratio `r`;
+// false for a fixed size above 14, which is no size at all.
+bool fit_font(const Terminal& terminal, const Scaling::Ratio& r, uint8_t& size, uint8_t& style)
+{
+    if (style & Font_sizes::STYLE_PROPORTIONAL) {
+        int height = r.active ? scaled(size, r.num_y, r.den_y) : size;
+        height = std::min(255, std::max(int(Font_sizes::MIN_PROPORTIONAL_HEIGHT), height));
+        if (Font_sizes::proportional(terminal)) {
+            size = uint8_t(height);
+        } else {
+            style &= uint8_t(~Font_sizes::STYLE_PROPORTIONAL);
+            size = Font_sizes::supported(terminal, Font_sizes::for_height(height));
+        }
+    } else {
+        if (size >= Font_sizes::COUNT)
+            return false;
+        if (r.active) {
+            const Font_sizes::Cell cell = Font_sizes::cell(size);
+            size = Font_sizes::fitting(scaled(cell.width, r.num_x, r.den_x), scaled(cell.height, r.num_y, r.den_y));
+        }
+        size = Font_sizes::supported(terminal, size);
+    }
+    style &= terminal.font_styles;
+    return true;
+}
+
+QString no_font_size(const QString& where, int size)
+{
+    return QStringLiteral("%1: font size %2 is none of the fixed sizes 0 to 14, and the font is not proportional")
+        .arg(where)
+        .arg(size);
+}
+
+}
+
 void Terminal_adaptation::fit_fonts(Object_pool& pool, const Terminal& terminal, const Scaling::Ratio& mask,
                                    const Scaling::Ratio& key, QStringList& problems)
 {
@@ -263,37 +301,71 @@ void Terminal_adaptation::fit_fonts(Object_pool& pool, const Terminal& terminal,
         auto* font = dynamic_cast<Base::Font_attributes_obj*>(obj);
         if (!font)
             continue;
-        const Scaling::Ratio& r = Scaling::ratio_for(*obj, mask, key);
-        int size = font->get_font_size();
+        uint8_t size = font->get_font_size();
         uint8_t style = font->get_font_style();
-        if (style & Font_sizes::STYLE_PROPORTIONAL) {
-            int height = r.active ? scaled(size, r.num_y, r.den_y) : size;
-            height = std::min(255, std::max(int(Font_sizes::MIN_PROPORTIONAL_HEIGHT), height));
-            if (Font_sizes::proportional(terminal)) {
-                size = height;
-            } else {
-                style &= uint8_t(~Font_sizes::STYLE_PROPORTIONAL);
-                size = Font_sizes::supported(terminal, Font_sizes::for_height(height));
-            }
-        } else {
-            if (size >= Font_sizes::COUNT) {
-                problems.append(QStringLiteral("%1: font size %2 is none of the fixed sizes 0 to 14, and the font "
-                                               "is not proportional")
-                                    .arg(object_label(obj))
-                                    .arg(size));
-                continue;
-            }
-            if (r.active) {
-                const Font_sizes::Cell cell = Font_sizes::cell(uint8_t(size));
-                size = Font_sizes::fitting(scaled(cell.width, r.num_x, r.den_x), scaled(cell.height, r.num_y, r.den_y));
-            }
-            size = Font_sizes::supported(terminal, uint8_t(size));
+        if (!fit_font(terminal, Scaling::ratio_for(*obj, mask, key), size, style)) {
+            problems.append(no_font_size(object_label(obj), size));
+            continue;
         }
-        style &= terminal.font_styles;
         if (auto* a = attribute<Attribute_uint8>(obj, "font_size"))
-            *a = uint8_t(size);
+            *a = size;
         if (auto* a = attribute<Attribute_uint8>(obj, "font_style"))
             *a = style;
+    }
+}
+
+void Terminal_adaptation::adapt_macros(Object_pool& pool, const Terminal& terminal, const Scaling::Ratio& mask,
+                                       const Scaling::Ratio& key, QStringList& problems)
+{
+    const int colours = terminal.colours == 2 || terminal.colours == 16 ? terminal.colours : 256;
+    for (VT_obj* obj : pool.objects()) {
+        if (obj->get_type() != VT_obj_type::TYPE_MACRO)
+            continue;
+        auto* bytes = attribute<Attribute_array<unsigned char>>(obj, "bytes");
+        if (!bytes || !bytes->get_length())
+            continue;
+        QByteArray b(int(bytes->get_length()), '\0');
+        b.resize(int(bytes->get_elements(0, reinterpret_cast<unsigned char*>(b.data()), unsigned(b.size()))));
+        uint8_t* p = reinterpret_cast<uint8_t*>(b.data());
+        auto colour_at = [&](int at) { p[at] = reduce_colour(p[at], colours); };
+        for (const Check::Macro_command& c : Check::Macro_commands::decode(b)) {
+            if (!c.fact || c.truncated || c.length < 5)
+                continue;
+            const int at = c.offset;
+            VT_obj* target = pool.find(uint16_t(p[at + 1] | p[at + 2] << 8));
+            switch (c.fact->code) {
+            case 0xA7: // Change Background Colour: the colour at byte 3
+            case 0xAB: // Change Line Attributes: the colour at byte 3
+                colour_at(at + 3);
+                break;
+            case 0xAC: // Change Fill Attributes: the colour at byte 4
+                colour_at(at + 4);
+                break;
+            case 0xAA: { // Change Font Attributes: colour, size, type, style at bytes 3 to 6
+                colour_at(at + 3);
+                uint8_t size = p[at + 4], style = p[at + 6];
+                if (!fit_font(terminal, target ? Scaling::ratio_for(*target, mask, key) : mask, size, style))
+                    problems.append(no_font_size(QStringLiteral("%1: Change Font Attributes at byte %2")
+                                                     .arg(object_label(obj))
+                                                     .arg(at),
+                                                 size));
+                p[at + 4] = size;
+                p[at + 6] = style;
+                break;
+            }
+            case 0xAF: { // Change Attribute: the AID at byte 3, a colour's value at byte 4
+                Attribute* a = target ? target->get_attribute_by_aid(p[at + 3]) : nullptr;
+                if (a && a->get_type() == Attribute::ATTR_COLOUR)
+                    colour_at(at + 4);
+                break;
+            }
+            case 0xB8: // Graphics Context: Set Foreground (2) or Background (3) Colour at byte 4
+                if (c.graphics && (c.graphics->code == 2 || c.graphics->code == 3))
+                    colour_at(at + 4);
+                break;
+            }
+        }
+        bytes->set_elements(0, reinterpret_cast<const unsigned char*>(b.constData()), unsigned(b.size()));
     }
 }
 
@@ -362,6 +434,7 @@ bool Terminal_adaptation::adapt(Object_pool& pool, const Terminal& terminal, con
     reduce_pictures(pool, terminal, problems);
     reduce_colour_maps(pool, terminal);
     reduce_colours(pool, terminal);
+    adapt_macros(pool, terminal, mask, key, problems);
 
     pool.set_serialisation_limits(serialisation_limits());
     if (terminal.vt_version) {

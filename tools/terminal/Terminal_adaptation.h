@@ -37,8 +37,8 @@ public:
     };
 
     // All of the steps below, in order, for `terminal`: scaling (when a design size is given),
-    // fonts, the VT version, pictures, colour maps, colours; then the pool's serialisation
-    // limits, negotiated version and supported types. Problems are what makes the pool unusable
+    // fonts, the VT version, pictures, colour maps, colours, macros; then the pool's
+    // serialisation limits, negotiated version and supported types. Problems are what makes the pool unusable
     // for the terminal (false); warnings what the terminal gets differently from the design.
     // Objects read from pool bytes need their areas first (Scaling::propagate_areas) when the
     // pool is scaled.
@@ -75,6 +75,11 @@ public:
     static void reduce_colour_maps(Object_pool& pool, const Terminal& terminal);
     // Every colour attribute becomes the terminal's colour for it.
     static void reduce_colours(Object_pool& pool, const Terminal& terminal);
+    // The commands of macros that set colours and fonts (Change Background Colour, Change
+    // Font, Line and Fill Attributes, Change Attribute of a colour, the graphics context's
+    // colours) set the terminal's colours and the fonts fit_fonts would give.
+    static void adapt_macros(Object_pool& pool, const Terminal& terminal, const Scaling::Ratio& mask,
+                             const Scaling::Ratio& key, QStringList& problems);
 };
 
 }
