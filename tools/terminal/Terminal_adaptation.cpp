@@ -8,6 +8,7 @@
 #include "tools/check/Object_facts.h"
 #include "tools/pictures/Picture_encoder.h"
 #include "tools/pool/Labels.h"
+#include "tools/pool/Library_output.h"
 #include "tools/terminal/Colour_reduction.h"
 #include "tools/terminal/Font_sizes.h"
 
@@ -369,10 +370,14 @@ void Terminal_adaptation::adapt_macros(Object_pool& pool, const Terminal& termin
     }
 }
 
-void Terminal_adaptation::reduce_pictures(Object_pool& pool, const Terminal& terminal, QStringList& problems)
+void Terminal_adaptation::reduce_pictures(Object_pool& pool, const Terminal& terminal, QStringList& problems,
+                                          QStringList& warnings)
 {
     if (terminal.colours != 2 && terminal.colours != 16)
         return;
+    // What the library says while decoding a picture (data that overruns it, ...) concerns that
+    // picture.
+    Library_output said;
     for (VT_obj* obj : pool.objects()) {
         if (auto* picture = dynamic_cast<Base::Picture_graphic_obj*>(obj)) {
             reduce_picture(*picture, terminal.colours);
@@ -382,6 +387,9 @@ void Terminal_adaptation::reduce_pictures(Object_pool& pool, const Terminal& ter
             if (!problem.isEmpty())
                 problems.append(object_label(obj) + ": " + problem);
         }
+        for (const Library_output::Line& line : said.take())
+            if (!line.chatter)
+                warnings.append(object_label(obj) + ": " + line.text);
     }
 }
 
@@ -431,7 +439,7 @@ bool Terminal_adaptation::adapt(Object_pool& pool, const Terminal& terminal, con
     // proportional font becomes a fixed one, which is no downgrade but the font rule.
     fit_fonts(pool, terminal, mask, key, problems);
     fit_version(pool, terminal, options.downgrade, problems, warnings);
-    reduce_pictures(pool, terminal, problems);
+    reduce_pictures(pool, terminal, problems, warnings);
     reduce_colour_maps(pool, terminal);
     reduce_colours(pool, terminal);
     adapt_macros(pool, terminal, mask, key, problems);

@@ -68,8 +68,10 @@ public:
     // coded when they were and when that is shorter. A transparent picture keeps exactly its
     // transparent pixels: no opaque pixel takes the transparency colour (it takes the nearest
     // other colour), and in black and white the transparency colour is the one fewer opaque
-    // pixels have. PNG objects are re-encoded with the terminal's colours.
-    static void reduce_pictures(Object_pool& pool, const Terminal& terminal, QStringList& problems);
+    // pixels have. PNG objects are re-encoded with the terminal's colours. What the library
+    // says of a picture while decoding it is a warning naming the picture.
+    static void reduce_pictures(Object_pool& pool, const Terminal& terminal, QStringList& problems,
+                                QStringList& warnings);
     // Each colour map gets as many entries as the terminal has colours: entry i the terminal's
     // colour for what entry i held (or for i, where the map was shorter).
     static void reduce_colour_maps(Object_pool& pool, const Terminal& terminal);
