@@ -108,35 +108,44 @@ void reduce_picture(Base::Picture_graphic_obj& picture, int colours)
         *o = options;
 }
 
-// A PNG object's image with the terminal's colours; false when it already has only those.
-// Pixels of alpha 0x80 or less are transparent (as the library reads them), all others opaque.
-bool reduce_png(Base::PNG_obj& png, int colours, QString& problem)
+// A PNG object's image as 32-bit ARGB; null when its bytes are no PNG image.
+QImage png_image(Base::PNG_obj& png)
 {
     QByteArray bytes(int(std::min<uint32_t>(png.get_num_bytes(), 1u << 30)), '\0');
-    if (!bytes.isEmpty() && !png.get_bytes(0, reinterpret_cast<unsigned char*>(bytes.data()), unsigned(bytes.size())))
-        bytes.clear();
-    QImage image = QImage::fromData(bytes, "PNG");
-    if (image.isNull()) {
-        problem = QStringLiteral("holds no PNG image that can be decoded");
+    if (bytes.isEmpty() || !png.get_bytes(0, reinterpret_cast<unsigned char*>(bytes.data()), unsigned(bytes.size())))
+        return QImage();
+    return QImage::fromData(bytes, "PNG").convertToFormat(QImage::Format_ARGB32);
+}
+
+// Pixels of alpha 0x80 or less are transparent, as the library reads them.
+bool is_transparent(QRgb pixel)
+{
+    return qAlpha(pixel) <= 0x80;
+}
+
+// Gives a PNG object's image the terminal's colours, where it has others; false when its
+// bytes are no PNG image, or its image cannot be encoded again.
+bool reduce_png(Base::PNG_obj& png, int colours)
+{
+    QImage image = png_image(png);
+    if (image.isNull())
         return false;
-    }
-    image = image.convertToFormat(QImage::Format_ARGB32);
     bool changed = false, any_transparent = false;
     QVector<QRgb> table;
     for (int y = 0; y < image.height(); ++y) {
         QRgb* row = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
             const QRgb p = row[x];
-            const QRgb q = qAlpha(p) <= 0x80 ? 0u : 0xFF000000u | reduce_rgb(p, colours);
+            const QRgb q = is_transparent(p) ? 0u : 0xFF000000u | reduce_rgb(p, colours);
             changed = changed || q != p;
             any_transparent = any_transparent || q == 0;
             row[x] = q;
-            if (table.size() <= 256 && !table.contains(q))
+            if (!table.contains(q)) // at most the terminal's colours and transparency
                 table.append(q);
         }
     }
     if (!changed)
-        return false;
+        return true;
     // With the few colours left, a palette image: 1 bit when only black and white remain.
     const bool mono = colours == 2 && !any_transparent;
     QImage coded = image.convertToFormat(mono ? QImage::Format_Mono : QImage::Format_Indexed8, table,
@@ -146,33 +155,24 @@ bool reduce_png(Base::PNG_obj& png, int colours, QString& problem)
     QByteArray out;
     QBuffer buffer(&out);
     buffer.open(QIODevice::WriteOnly);
-    if (!coded.save(&buffer, "PNG")) {
-        problem = QStringLiteral("its image could not be encoded again");
+    if (!coded.save(&buffer, "PNG"))
         return false;
-    }
     set_bytes(attribute<Attribute_array<unsigned char>>(&png, "bytes"), out);
     return true;
 }
-
-}
-
-namespace {
 
 // A picture graphic showing a PNG object's image, with its id, name, size and macros: 8-bit
 // pixels of the palette's colour cube, transparent pixels in colour 0 (which the cube never
 // gives), run-length coded when that is shorter. Null when the PNG does not decode.
 Base::Picture_graphic_obj* picture_of_png(Base::PNG_obj& png)
 {
-    QByteArray bytes(int(std::min<uint32_t>(png.get_num_bytes(), 1u << 30)), '\0');
-    if (bytes.isEmpty() || !png.get_bytes(0, reinterpret_cast<unsigned char*>(bytes.data()), unsigned(bytes.size())))
-        return nullptr;
-    const QImage image = QImage::fromData(bytes, "PNG").convertToFormat(QImage::Format_ARGB32);
+    const QImage image = png_image(png);
     if (image.isNull() || image.width() > 65535 || image.height() > 65535)
         return nullptr;
     bool transparent = false;
     for (int y = 0; y < image.height() && !transparent; ++y)
         for (int x = 0; x < image.width() && !transparent; ++x)
-            transparent = qAlpha(image.pixel(x, y)) <= 0x80;
+            transparent = is_transparent(image.pixel(x, y));
     const QByteArray plain = Picture_encoder::encode(image, EIGHT_BIT_COLOUR, false, 0);
     const QByteArray runs = Picture_encoder::run_length_code(plain, image.width(), EIGHT_BIT_COLOUR);
     const bool run_length = runs.size() < plain.size();
@@ -382,10 +382,8 @@ void Terminal_adaptation::reduce_pictures(Object_pool& pool, const Terminal& ter
         if (auto* picture = dynamic_cast<Base::Picture_graphic_obj*>(obj)) {
             reduce_picture(*picture, terminal.colours);
         } else if (auto* png = dynamic_cast<Base::PNG_obj*>(obj)) {
-            QString problem;
-            reduce_png(*png, terminal.colours, problem);
-            if (!problem.isEmpty())
-                problems.append(object_label(obj) + ": " + problem);
+            if (!reduce_png(*png, terminal.colours))
+                problems.append(object_label(obj) + ": holds no PNG image that can be given the terminal's colours");
         }
         for (const Library_output::Line& line : said.take())
             if (!line.chatter)
