@@ -3,6 +3,8 @@
 
 // Every public header of the vt_core library.
 
+#include "vt_core_version.h"
+
 #include "platform/Byte_packer.h"
 #include "platform/Debug_dumper.h"
 #include "platform/Debug_print.h"

@@ -3,7 +3,12 @@
 # from Debian's packages; otherwise it names what to install and stops.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ qtbase5-dev libgtest-dev)
+# Building needs these; the tests (VT_CORE_WITH_TESTS=1) also GoogleTest, pkg-config for the
+# installed-package check and groff for the man page, the Debian package (VT_CORE_WITH_PACKAGE=1)
+# dpkg-dev and file for its dependencies.
+packages=(cmake ninja-build g++ qtbase5-dev)
+if [ "${VT_CORE_WITH_TESTS:-0}" = 1 ]; then packages+=(libgtest-dev pkg-config groff-base); fi
+if [ "${VT_CORE_WITH_PACKAGE:-0}" = 1 ]; then packages+=(dpkg-dev file); fi
 if [ "${VT_CORE_WITH_BENCH:-0}" = 1 ]; then packages+=(libbenchmark-dev); fi
 if [ "${VT_CORE_WITH_FUZZ:-0}" = 1 ]; then packages+=(clang libclang-rt-dev); fi
 

@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
 # Builds the library and its tests with AddressSanitizer and UndefinedBehaviorSanitizer and
-# runs the whole suite through CTest (LeakSanitizer on: a leak fails the run). Then runs each
-# fuzz target for a short time (VT_CORE_FUZZ_SECONDS, default 30; 0 skips them), started from
-# the real pools and the examples. Any failure, sanitizer report, leak or fuzz finding fails
-# the run.
+# runs the whole suite through CTest (LeakSanitizer on: a leak fails the run). Then installs
+# that build into a temporary prefix and builds and runs examples/consumer against it through
+# find_package and pkg-config, with the build tree moved away (scripts/check-install.sh). Then
+# runs each fuzz target for a short time (VT_CORE_FUZZ_SECONDS, default 30; 0 skips them),
+# started from the real pools and the examples. Any failure, sanitizer report, leak or fuzz
+# finding fails the run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 fuzz_seconds=${VT_CORE_FUZZ_SECONDS:-30}
 if [ "$fuzz_seconds" != 0 ]; then export VT_CORE_WITH_FUZZ=1; fi
-scripts/setup.sh
+VT_CORE_WITH_TESTS=1 scripts/setup.sh
 
 build=${VT_CORE_TEST_BUILD:-build-test}
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DVT_CORE_SANITIZE=ON >/dev/null
@@ -19,9 +21,10 @@ export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export QT_QPA_PLATFORM=offscreen
 (cd "$build" && ctest --output-on-failure -j"$(nproc)") | tee "$build/ctest.log"
 summary=$(grep -E "tests passed|tests failed" "$build/ctest.log" | tail -1)
+scripts/check-install.sh "$build"
 
 if [ "$fuzz_seconds" != 0 ]; then
   scripts/fuzz.sh "$fuzz_seconds"
-  # The suite's result closes the output.
-  echo "$summary"
 fi
+# The suite's result closes the output.
+echo "$summary"

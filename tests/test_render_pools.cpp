@@ -9,6 +9,7 @@
 #include <QSet>
 #include <QTemporaryDir>
 
+#include "process_support.h"
 #include "test_support.h"
 #include "tools/pool/Pool_loader.h"
 #include "tools/terminal/Colour_reduction.h"
@@ -37,24 +38,8 @@ QByteArray read_file(const QString& path)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-struct Outcome
-{
-    int status = -1;
-    QString out, err;
-};
-
-Outcome vtpool(const QStringList& args)
-{
-    QProcess p;
-    p.start(QStringLiteral(VT_VTPOOL), args);
-    Outcome r;
-    if (!p.waitForFinished(60000))
-        return r;
-    r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
-}
+using test::Outcome;
+using test::vtpool;
 
 QSize png_size(const QString& path)
 {

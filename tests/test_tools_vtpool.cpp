@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "process_support.h"
 #include "test_support.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
@@ -18,25 +19,8 @@
 
 namespace {
 
-struct Outcome
-{
-    int status = -1;
-    QString out;
-    QString err;
-};
-
-Outcome vtpool(const QStringList& args)
-{
-    QProcess p;
-    p.start(QStringLiteral(VT_VTPOOL), args);
-    Outcome r;
-    if (!p.waitForFinished(60000))
-        return r;
-    r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
-}
+using test::Outcome;
+using test::vtpool;
 
 QByteArray read_file(const QString& path)
 {
@@ -342,7 +326,7 @@ TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
     for (const QString& line : general.out.split('\n'))
         if (line.startsWith("  ") && !line.startsWith("   "))
             commands.append(line.trimmed().section(' ', 0, 0));
-    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info"}));
+    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info", "version"}));
     for (const QString& command : commands) {
         SCOPED_TRACE(command.toStdString());
         const Outcome help = vtpool({command, "--help"});

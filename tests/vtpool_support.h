@@ -4,38 +4,22 @@
 // Running vtpool as a program, and small file helpers, for the tests of its commands.
 
 #include <QFile>
-#include <QProcess>
 #include <QString>
 #include <QStringList>
 
-namespace test {
+#include "process_support.h"
 
-struct Outcome
-{
-    int status = -1; // -1: did not finish, or ended by a signal
-    QString out;
-    QString err;
-};
+namespace test {
 
 // vtpool with `args`; with `shell_setup`, through sh -c "SETUP; exec vtpool ARGS" (for limits
 // such as ulimit -f).
 inline Outcome run_vtpool(const QStringList& args, const QString& shell_setup = QString())
 {
-    QProcess p;
-    if (shell_setup.isEmpty()) {
-        p.start(QStringLiteral(VT_VTPOOL), args);
-    } else {
-        // The arguments reach the shell as its positional parameters, unquoted by nobody.
-        p.start(QStringLiteral("/bin/sh"), QStringList{"-c", shell_setup + QStringLiteral("; exec \"$0\" \"$@\""),
-                                                      QStringLiteral(VT_VTPOOL)} + args);
-    }
-    Outcome r;
-    if (!p.waitForFinished(120000))
-        return r;
-    r.status = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.out = QString::fromUtf8(p.readAllStandardOutput());
-    r.err = QString::fromUtf8(p.readAllStandardError());
-    return r;
+    if (shell_setup.isEmpty())
+        return vtpool(args);
+    // The arguments reach the shell as its positional parameters, unquoted by nobody.
+    return run_program(QStringLiteral("/bin/sh"), QStringList{"-c", shell_setup + QStringLiteral("; exec \"$0\" \"$@\""),
+                                                               QStringLiteral(VT_VTPOOL)} + args);
 }
 
 inline QByteArray file_bytes(const QString& path)

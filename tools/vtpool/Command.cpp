@@ -163,10 +163,19 @@ bool Invocation::parse_size(const QString& text, unsigned& width, unsigned& heig
            width > 0 && height > 0;
 }
 
-QString command_help(const Command& command)
+const char* const program_summary = "build, inspect, check and draw ISO 11783-6 object pools";
+const char* const input_note = "POOL and INPUT are a pool description (XML) or a pool file (ISO 11783-6 bytes).";
+
+const std::vector<Exit_meaning>& exit_meanings()
+{
+    static const std::vector<Exit_meaning> meanings{{OK, "fine"}, {PROBLEM, "a problem was found"}, {USAGE, "bad usage"}};
+    return meanings;
+}
+
+QString command_synopsis(const Command& command)
 {
     // The synopsis names the arguments, the required options and, when there are few, the others.
-    QString synopsis = QStringLiteral("usage: vtpool %1").arg(command.name);
+    QString synopsis = QStringLiteral("vtpool %1").arg(command.name);
     for (const QString& a : command.arguments)
         synopsis += " " + a;
     QStringList optional;
@@ -181,7 +190,11 @@ QString command_help(const Command& command)
         optional = QStringList(QStringLiteral("[options]"));
     if (!optional.isEmpty())
         synopsis += " " + optional.join(' ');
+    return synopsis;
+}
 
+QString command_help(const Command& command)
+{
     QStringList left;
     int width = 0;
     for (const Option& o : command.options) {
@@ -191,7 +204,7 @@ QString command_help(const Command& command)
         left.append(names.join(", ") + (o.value_name.isEmpty() ? "" : " " + o.value_name));
         width = std::max(width, int(left.last().size()));
     }
-    QString text = synopsis + "\n\n" + command.help;
+    QString text = "usage: " + command_synopsis(command) + "\n\n" + command.help;
     if (!command.options.isEmpty())
         text += "\nOptions:\n";
     for (int i = 0; i < command.options.size(); ++i) {
@@ -206,11 +219,15 @@ QString general_help()
     int width = 0;
     for (const Command& c : commands())
         width = std::max(width, int(strlen(c.name)));
-    QString text = QStringLiteral("usage: vtpool COMMAND [ARGS] (vtpool COMMAND --help for details)\n\nCommands:\n");
+    QString text = QStringLiteral("usage: vtpool COMMAND [ARGS] (vtpool COMMAND --help for details)\n\n"
+                                  "vtpool: %1.\n\nCommands:\n")
+                       .arg(program_summary);
     for (const Command& c : commands())
         text += "  " + QString::fromLatin1(c.name).leftJustified(width + 2) + c.summary + "\n";
-    text += "\nPOOL and INPUT are a pool description (XML) or a pool file (ISO 11783-6 bytes).\n"
-            "Exit status: 0 fine, 1 a problem was found, 2 bad usage.\n";
+    QStringList statuses;
+    for (const Exit_meaning& e : exit_meanings())
+        statuses.append(QStringLiteral("%1 %2").arg(e.status).arg(e.meaning));
+    text += QStringLiteral("\n%1\nExit status: %2.\n").arg(input_note, statuses.join(", "));
     return text;
 }
 

@@ -98,8 +98,20 @@ private:
     QStringList positional;
 };
 
-// The help of one command, and of vtpool as a whole.
+// What vtpool is, what its POOL and INPUT arguments are, and what its exit statuses mean: said
+// once here for its help and its manual.
+extern const char* const program_summary;
+extern const char* const input_note;
+struct Exit_meaning
+{
+    Exit_status status;
+    const char* meaning;
+};
+const std::vector<Exit_meaning>& exit_meanings();
+
+// The help of one command, its first line without "usage: ", and the help of vtpool as a whole.
 QString command_help(const Command& command);
+QString command_synopsis(const Command& command);
 QString general_help();
 
 // Prints lines on the standard error stream, each after `prefix`.

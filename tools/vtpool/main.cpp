@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "tools/vtpool/Command.h"
+#include "tools/vtpool/Help_formats.h"
 
 namespace Vtpool {
 
@@ -18,16 +19,43 @@ Command check_command();
 Command pictures_command();
 Command info_command();
 Command render_command();
+Command version_command();
 
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table{
         build_command(), dump_command(), source_command(), check_command(), pictures_command(), render_command(), info_command(),
+        version_command(),
     };
     return table;
 }
 
 namespace {
+
+// vtpool help [COMMAND], and the forms of the help the build installs (not listed: they are for
+// the build, not for people).
+int help(const QStringList& args)
+{
+    if (args.isEmpty()) {
+        std::cout << general_help().toStdString();
+        return OK;
+    }
+    if (args == QStringList("--man")) {
+        std::cout << Help_formats::man_page().toStdString();
+        return OK;
+    }
+    if (args == QStringList("--bash-completion")) {
+        std::cout << Help_formats::bash_completion().toStdString();
+        return OK;
+    }
+    for (const Command& command : commands())
+        if (args == QStringList(command.name)) {
+            std::cout << command_help(command).toStdString();
+            return OK;
+        }
+    std::cerr << "vtpool help: give one command, as in: vtpool help build\n\n" << general_help().toStdString();
+    return USAGE;
+}
 
 int run(const QStringList& arguments)
 {
@@ -36,11 +64,11 @@ int run(const QStringList& arguments)
         std::cerr << general_help().toStdString();
         return USAGE;
     }
-    const QString name = args.takeFirst();
-    if (name == "--help" || name == "-h" || name == "help") {
-        std::cout << general_help().toStdString();
-        return OK;
-    }
+    QString name = args.takeFirst();
+    if (name == "--help" || name == "-h" || name == "help")
+        return help(args);
+    if (name == "--version")
+        name = "version";
     for (const Command& command : commands()) {
         if (name != command.name)
             continue;
