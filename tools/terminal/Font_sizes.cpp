@@ -1,5 +1,7 @@
 #include "tools/terminal/Font_sizes.h"
 
+#include "tools/check/Object_facts.h"
+
 namespace VT {
 
 namespace {
@@ -56,7 +58,8 @@ uint8_t Font_sizes::supported(const Terminal& terminal, uint8_t size)
 
 bool Font_sizes::proportional(const Terminal& terminal)
 {
-    return (terminal.vt_version == 0 || terminal.vt_version >= 4) && (terminal.font_styles & STYLE_PROPORTIONAL);
+    const int needs = Check::value_version(VT_obj_type::TYPE_FONT_ATTRIBUTES, "font_style", STYLE_PROPORTIONAL);
+    return (terminal.vt_version == 0 || terminal.vt_version >= needs) && (terminal.font_styles & STYLE_PROPORTIONAL);
 }
 
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "tools/terminal/Terminal.h"
+#include "vt_core.h"
 
 namespace VT {
 
@@ -16,7 +17,7 @@ public:
     enum { COUNT = 15 };
     // The proportional bit of a font style: the size is then the font's height in pixels, at
     // least MIN_PROPORTIONAL_HEIGHT.
-    static const uint8_t STYLE_PROPORTIONAL = 0x80;
+    static const uint8_t STYLE_PROPORTIONAL = Base::Font_attributes_obj::STYLE_PROPORTIONAL;
     static const uint8_t MIN_PROPORTIONAL_HEIGHT = 8;
 
     struct Cell
@@ -37,8 +38,8 @@ public:
     // The size the terminal has nearest to `size`: the size itself, else the largest smaller
     // size it has, else the smallest larger one. A terminal without any size gives 0.
     static uint8_t supported(const Terminal& terminal, uint8_t size);
-    // Whether the terminal draws proportional fonts: VT version 4 or later (or none named)
-    // and the proportional bit among its font styles.
+    // Whether the terminal draws proportional fonts: a VT version that has them (the check's
+    // table says which; any, when none is named) and the proportional bit among its font styles.
     static bool proportional(const Terminal& terminal);
 };
 
