@@ -627,8 +627,8 @@ bool Description::build(Object_pool& target)
     read_values(said);
     // Children placed by name learn their area from the masks only through their references.
     said.set_context(nullptr);
-    Scaling::propagate_areas(*pool);
-    hear(said, nullptr, QString());
+    for (const Scaling::Area_note& note : Scaling::propagate_areas(*pool))
+        warning(element_of(note.object->get_spec_node()), object_label(note.object) + ": " + note.text);
     resolve_colours();
     hear(said, nullptr, QString());
     justify();

@@ -4,6 +4,7 @@
 
 #include "tools/check/Check_tool.h"
 #include "tools/output/Output_file.h"
+#include "tools/pool/Labels.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/terminal/Terminal_adaptation.h"
 #include "tools/vtpool/Terminal_options.h"
@@ -32,9 +33,10 @@ int run(Invocation& in)
         return PROBLEM;
     // A pool file written without terminal options is written back as it was read.
     if (is_description || target.named) {
-        if (!is_description && (target.design.mask_width || target.design.key_width))
-            VT::Scaling::propagate_areas(pool);
         QStringList problems, warnings;
+        if (!is_description && (target.design.mask_width || target.design.key_width))
+            for (const VT::Scaling::Area_note& note : VT::Scaling::propagate_areas(pool))
+                warnings.append(VT::object_label(note.object) + ": " + note.text);
         VT::Terminal_adaptation::Options options;
         options.design = target.design;
         options.downgrade = in.is_set("downgrade");
