@@ -1,15 +1,20 @@
 // Every example description and every real pool, built for terminals of 2, 16 and 256 colours
-// and VT versions 3 to 6, with and without scaling, the way vtpool build does it: each output
+// and VT versions 2 to 6, with and without scaling, the way vtpool build does it: each output
 // reads back, checks clean for its VT version and holds only what its terminal has, and every
 // picture in it decodes to an image of its declared size. Monochrome pictures must equal a
-// reduction computed here, by luminance, from the pictures of the source.
+// reduction computed here, by luminance, from the pictures of the source. Then vtpool itself,
+// with each terminal option and file: what it writes, its own info and check read for that
+// terminal without an error.
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QImage>
+#include <QRegularExpression>
+#include <QTemporaryDir>
 #include <functional>
 #include <map>
 
+#include "process_support.h"
 #include "tools/check/Checker.h"
 #include "tools/check/Object_facts.h"
 #include "tools/pool/Pool_file.h"
@@ -136,7 +141,7 @@ void build_for_every_terminal(const Source& source, int& compared)
         return;
     const int needed = Check::check(original, Check::Source()).needed_version;
     for (int colours : {2, 16, 256})
-        for (int version : {3, 4, 5, 6})
+        for (int version : {2, 3, 4, 5, 6})
             for (bool scaled : {false, true}) {
                 const Configuration c{colours, version, scaled};
                 SCOPED_TRACE(c.name().toStdString());
@@ -265,4 +270,108 @@ TEST(Terminal_matrix, EveryRealPoolBuildsForEveryTerminal)
     for (const QString& f : files)
         build_for_every_terminal({pools.filePath(f), false}, compared);
     EXPECT_GT(compared, 0) << "monochrome pictures compared";
+}
+
+namespace {
+
+// The sources to build: the examples' descriptions, or the real pools (none when absent).
+QStringList sources(bool real)
+{
+    const QDir dir(QString::fromUtf8(real ? VT_SHARED_POOLS_DIR : VT_EXAMPLES_DIR));
+    QStringList out;
+    for (const QString& f : dir.entryList({real ? "*.iop" : "*.xml"}, QDir::Files))
+        out.append(dir.filePath(f));
+    return out;
+}
+
+// vtpool build of each source for terminals given by options and files, every colour depth,
+// VT version, scaling of both areas, font masks without the proportional style: a build
+// refuses only a pool holding a type its VT version lacks and no downgrade replaces, naming
+// it and writing nothing; what it writes, vtpool info reads and finds needing no later VT
+// version, and vtpool check for the same terminal finds without an error.
+void build_with_vtpool(const QStringList& inputs)
+{
+    const QString terminals = QStringLiteral(VT_EXAMPLES_DIR "/terminals/");
+    struct Terminal_line
+    {
+        QStringList build; // the terminal options of the build
+        QStringList check; // those the check takes: the VT version or the file
+        int version;
+    } const lines[] = {
+        {{"--colours", "2", "--vt-version", "2", "--downgrade"}, {"--vt-version", "2"}, 2},
+        {{"--colours", "16", "--vt-version", "3", "--downgrade", "--mask-size", "240", "--design-size", "480x480",
+          "--key-size", "40", "--design-key-size", "60x60"},
+         {"--vt-version", "3"},
+         3},
+        {{"--colours", "256", "--vt-version", "4", "--downgrade", "--small-fonts", "0x0C", "--large-fonts", "0"},
+         {"--vt-version", "4"},
+         4},
+        {{"--vt-version", "5", "--downgrade", "--font-styles", "0x7F", "--mask-size", "320x200", "--design-size",
+          "480x480"},
+         {"--vt-version", "5"},
+         5},
+        {{"--vt-version", "6", "--colours", "16", "--mask-size", "800", "--design-size", "480x480"}, {"--vt-version", "6"}, 6},
+        {{"--terminal", terminals + "monochrome-vt3.ini", "--downgrade", "--design-size", "480x480", "--design-key-size",
+          "60x60"},
+         {"--terminal", terminals + "monochrome-vt3.ini"},
+         3},
+        {{"--terminal", terminals + "colour-vt4.json", "--downgrade"}, {"--terminal", terminals + "colour-vt4.json"}, 4},
+        {{"--terminal", terminals + "colour-vt6.json", "--colours", "2"}, {"--terminal", terminals + "colour-vt6.json"}, 6},
+    };
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString out = tmp.filePath("out.iop");
+    const QRegularExpression needs(QStringLiteral("needs VT version ([0-9]+)"));
+    int built = 0, refused = 0;
+    for (const QString& input : inputs) {
+        Object_pool original;
+        if (!load({input, input.endsWith(".xml")}, original))
+            continue;
+        for (const Terminal_line& line : lines) {
+            const QString what = QFileInfo(input).fileName() + " " + line.build.join(' ').replace(terminals, "");
+            SCOPED_TRACE(what.toStdString());
+            QFile::remove(out);
+            const test::Outcome b = test::vtpool(QStringList{"build", input, "-o", out} + line.build);
+            if (!downgradable(original, line.version)) {
+                EXPECT_EQ(b.status, 1) << b.err.toStdString();
+                EXPECT_TRUE(b.err.contains(QStringLiteral("; the terminal speaks VT version %1").arg(line.version)))
+                    << b.err.toStdString();
+                EXPECT_FALSE(QFile::exists(out));
+                ++refused;
+                continue;
+            }
+            ASSERT_EQ(b.status, 0) << b.err.toStdString();
+            ++built;
+            const test::Outcome info = test::vtpool({"info", out});
+            EXPECT_EQ(info.status, 0) << info.err.toStdString();
+            EXPECT_TRUE(info.err.isEmpty()) << info.err.toStdString();
+            const QRegularExpressionMatch m = needs.match(info.out);
+            EXPECT_TRUE(m.hasMatch() && m.captured(1).toInt() <= line.version) << info.out.toStdString();
+            const test::Outcome check = test::vtpool(QStringList{"check", out} + line.check);
+            EXPECT_EQ(check.status, 0) << check.out.toStdString() << check.err.toStdString();
+            EXPECT_TRUE(check.out.contains(QStringLiteral(" 0 errors, "))) << check.out.toStdString();
+            EXPECT_TRUE(check.out.contains(QStringLiteral("(checked for VT version %1)").arg(line.version)))
+                << check.out.toStdString();
+        }
+    }
+    EXPECT_GT(built, 0);
+    ::testing::Test::RecordProperty("built", built);
+    ::testing::Test::RecordProperty("refused", refused);
+}
+
+}
+
+TEST(Terminal_matrix, VtpoolBuildsEveryExampleForEachTerminalOptionAndChecksItClean)
+{
+    const QStringList inputs = sources(false);
+    ASSERT_FALSE(inputs.isEmpty());
+    build_with_vtpool(inputs);
+}
+
+TEST(Terminal_matrix, VtpoolBuildsEveryRealPoolForEachTerminalOptionAndChecksItClean)
+{
+    const QStringList inputs = sources(true);
+    if (inputs.isEmpty())
+        GTEST_SKIP() << "no real pools at " VT_SHARED_POOLS_DIR;
+    build_with_vtpool(inputs);
 }
