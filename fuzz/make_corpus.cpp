@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "fuzz/fuzz_support.h"
+#include "tests/every_type_pool.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
 
@@ -62,6 +63,7 @@ int main(int argc, char** argv)
             continue;
         }
         write_input(out + "/fuzz_render", VT::Pool_file::write(pool));
+        write_input(out + "/fuzz_describe", VT::Pool_file::write(pool));
         for (VT::VT_obj* obj : pool.objects()) {
             QByteArray bytes = VT::Pool_file::object_bytes(*obj);
             if (bytes.size() > 2) {
@@ -74,6 +76,7 @@ int main(int argc, char** argv)
             }
         }
     }
+    write_input(out + "/fuzz_describe", test::every_type_pool());
     printf("starting inputs: %d objects, %d pictures\n", objects, pictures);
     return 0;
 }

@@ -56,7 +56,7 @@ TEST(Description_ranges, VtpoolRefusesOutOfRangeValuesUnlessLenient)
     QTemporaryDir tmp;
     ASSERT_TRUE(tmp.isValid());
     const QString xml = tmp.filePath("ranges.xml");
-    ASSERT_TRUE(test::put_file(xml, R"(<object_pool>
+    ASSERT_TRUE(test::write_file(xml, R"(<object_pool>
   <Output_string name="out" width="10" height="10" font_attributes="f" options="9"/>
   <Working_set name="ws" active_mask="main"/>
   <Data_mask name="main"><place object="out" x_location="0" y_location="0"/></Data_mask>

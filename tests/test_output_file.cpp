@@ -35,7 +35,7 @@ TEST(Output_file, ReplacesTheTargetOnlyOnceItIsWholeAndSaysWhyWhenItCannot)
     const QString path = tmp.filePath("out.bin");
     QString error;
     ASSERT_TRUE(Output_file::write_file(path, "first", &error)) << error.toStdString();
-    EXPECT_EQ(test::file_bytes(path), "first");
+    EXPECT_EQ(test::read_file(path), "first");
     const mode_t mask = umask(0);
     umask(mask);
     struct stat st;
@@ -48,7 +48,7 @@ TEST(Output_file, ReplacesTheTargetOnlyOnceItIsWholeAndSaysWhyWhenItCannot)
     ASSERT_TRUE(QFile::link(path, link));
     ASSERT_TRUE(Output_file::write_file(link, "second", &error)) << error.toStdString();
     EXPECT_TRUE(QFileInfo(link).isSymLink());
-    EXPECT_EQ(test::file_bytes(path), "second");
+    EXPECT_EQ(test::read_file(path), "second");
     ASSERT_EQ(stat(QFile::encodeName(path).constData(), &st), 0);
     EXPECT_EQ(st.st_mode & 0777, 0600u);
 
@@ -74,7 +74,7 @@ TEST(Output_file, ReplacesTheTargetOnlyOnceItIsWholeAndSaysWhyWhenItCannot)
         EXPECT_TRUE(error.endsWith("Permission denied")) << error.toStdString();
         chmod(QFile::encodeName(tmp.path()).constData(), 0700);
     }
-    EXPECT_EQ(test::file_bytes(path), "second");
+    EXPECT_EQ(test::read_file(path), "second");
     EXPECT_EQ(files_in(tmp.path()), QStringList({"link.bin", "out.bin"})) << "no temporary file is left behind";
     // A device is written in place, never replaced.
     EXPECT_TRUE(Output_file::write_file("/dev/null", "bytes", &error)) << error.toStdString();
@@ -86,7 +86,7 @@ TEST(Output_file, AFileSizeLimitFailsTheWriteAndKeepsTheOldFile)
     QTemporaryDir tmp;
     ASSERT_TRUE(tmp.isValid());
     const QString path = tmp.filePath("big.bin");
-    ASSERT_TRUE(test::put_file(path, "old"));
+    ASSERT_TRUE(test::write_file(path, "old"));
     fflush(nullptr);
     const pid_t child = fork();
     ASSERT_GE(child, 0);
@@ -106,7 +106,7 @@ TEST(Output_file, AFileSizeLimitFailsTheWriteAndKeepsTheOldFile)
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_TRUE(WIFEXITED(status)) << "ended by signal " << (WIFSIGNALED(status) ? WTERMSIG(status) : 0);
     EXPECT_EQ(WEXITSTATUS(status), 0);
-    EXPECT_EQ(test::file_bytes(path), "old");
+    EXPECT_EQ(test::read_file(path), "old");
     EXPECT_EQ(files_in(tmp.path()), QStringList({"big.bin"}));
 }
 
@@ -122,14 +122,14 @@ TEST(Output_file, VtpoolCommandsWriteWholeFilesOrNoneWithStatusOne)
             noise.setPixel(x, y, qRgb((x * 97 + y * 31) % 251, (x * y) % 253, (x + 7 * y) % 241));
     ASSERT_TRUE(noise.save(tmp.filePath("noise.png")));
     ASSERT_TRUE(noise.copy(0, 0, 4, 4).save(tmp.filePath("small.png")));
-    ASSERT_TRUE(test::put_file(xml, R"(<object_pool>
+    ASSERT_TRUE(test::write_file(xml, R"(<object_pool>
   <Working_set name="ws" active_mask="dm"><place object="small" x_location="0" y_location="0"/></Working_set>
   <Data_mask name="dm"><place object="noise" x_location="0" y_location="0"/></Data_mask>
   <Picture_graphic name="noise" file="noise.png" format="2"/>
   <Picture_graphic name="small" file="small.png" format="2"/>
 </object_pool>)"));
     const QString pool = tmp.filePath("pool.iop");
-    ASSERT_TRUE(test::put_file(pool, "old pool"));
+    ASSERT_TRUE(test::write_file(pool, "old pool"));
     // A limit of two blocks (ulimit -f counts in blocks of 512 or 1024 bytes): less than the
     // pool, the source, the drawing and the noise picture.
     const QString limit = QStringLiteral("ulimit -f 2");
@@ -147,6 +147,8 @@ TEST(Output_file, VtpoolCommandsWriteWholeFilesOrNoneWithStatusOne)
          QStringLiteral("cannot write '%1': File too large").arg(tmp.filePath("work.png"))},
         {{"build", xml, "-o", "/dev/full"}, "", "cannot write '/dev/full': No space left on device"},
         {{"source", xml, "-o", "/dev/full"}, "", "cannot write '/dev/full': No space left on device"},
+        {{"ids", xml, "-o", "/dev/full"}, "", "cannot write '/dev/full': No space left on device"},
+        {{"describe", xml, "-o", tmp.filePath("described")}, limit, "File too large"},
         {{"build", xml, "-o", pool + "/x.iop"}, "", QStringLiteral("cannot write '%1/x.iop': Not a directory").arg(pool)},
     };
     for (const Case& c : cases) {
@@ -154,9 +156,11 @@ TEST(Output_file, VtpoolCommandsWriteWholeFilesOrNoneWithStatusOne)
         EXPECT_EQ(r.status, 1) << c.args.join(' ').toStdString() << "\n" << r.err.toStdString();
         EXPECT_TRUE(r.err.contains("error: " + c.error) || r.err.contains(c.error)) << r.err.toStdString();
     }
-    EXPECT_EQ(test::file_bytes(pool), "old pool");
+    EXPECT_EQ(test::read_file(pool), "old pool");
     EXPECT_EQ(files_in(tmp.path()), QStringList({"noise.png", "pictures.xml", "pool.iop", "small.png"}))
         << "no partial or temporary file";
+    // describe stopped at the picture too large for the limit: no description names it.
+    EXPECT_FALSE(QFile::exists(tmp.filePath("described/pool.xml")));
     // The picture that fits is written whole; the one that does not is missing.
     EXPECT_EQ(files_in(tmp.filePath("pictures")), QStringList({"small.png"}));
     EXPECT_EQ(QImage(tmp.filePath("pictures/small.png")).size(), QSize(4, 4));

@@ -9,13 +9,16 @@
 #include <QSet>
 #include <QTemporaryDir>
 
-#include "process_support.h"
 #include "test_support.h"
+#include "tool_test_support.h"
 #include "tools/pool/Pool_loader.h"
 #include "tools/terminal/Colour_reduction.h"
 #include "tools/render/Png_writer.h"
 #include "tools/render/Renderer.h"
 
+using test::Outcome;
+using test::read_file;
+using test::vtpool;
 using VT::Object_pool;
 using VT::Render::Renderer;
 
@@ -31,15 +34,6 @@ bool load(const QString& path, Object_pool& pool)
     EXPECT_TRUE(ok) << path.toStdString() << ": " << problems.join("\n").toStdString();
     return ok;
 }
-
-QByteArray read_file(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-using test::Outcome;
-using test::vtpool;
 
 QSize png_size(const QString& path)
 {

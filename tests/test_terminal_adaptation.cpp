@@ -379,7 +379,7 @@ TEST(Terminal_adaptation, InfoAndCheckNameWhatDecidesTheVersionAPoolNeeds)
     QTemporaryDir tmp;
     ASSERT_TRUE(tmp.isValid());
     const QString xml = tmp.filePath("button.xml");
-    ASSERT_TRUE(test::put_file(xml, R"(<object_pool>
+    ASSERT_TRUE(test::write_file(xml, R"(<object_pool>
   <Working_set name="ws" active_mask="m"/>
   <Data_mask name="m"><place object="b" x_location="0" y_location="0"/></Data_mask>
   <Button name="b" width="50" height="20" key_code="1" options="0x10"/>

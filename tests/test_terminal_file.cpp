@@ -120,18 +120,18 @@ TEST(Terminal_file, VtpoolTakesTheFileWithOptionsOverridingItAndRefusesBadOnesWi
     QTemporaryDir tmp;
     ASSERT_TRUE(tmp.isValid());
     const QString xml = tmp.filePath("red.xml");
-    ASSERT_TRUE(test::put_file(xml, R"(<object_pool>
+    ASSERT_TRUE(test::write_file(xml, R"(<object_pool>
   <Data_mask name="dm" id="1" background_colour="red"/>
   <Working_set name="ws" id="2" active_mask="dm"/>
 </object_pool>)"));
     const QString sixteen = tmp.filePath("sixteen.json");
-    ASSERT_TRUE(test::put_file(sixteen, R"({"colours": 16, "vt-version": 4, "mask-size": 240})"));
+    ASSERT_TRUE(test::write_file(sixteen, R"({"colours": 16, "vt-version": 4, "mask-size": 240})"));
     const QString out = tmp.filePath("red.iop");
     auto background = [&](const QStringList& options) {
         QFile::remove(out);
         const test::Outcome r = test::run_vtpool(QStringList{"build", xml, "-o", out} + options);
         EXPECT_EQ(r.status, 0) << r.err.toStdString();
-        const QByteArray bytes = test::file_bytes(out);
+        const QByteArray bytes = test::read_file(out);
         return bytes.size() > 3 ? int(uint8_t(bytes[3])) : -1;
     };
     EXPECT_EQ(background({"--terminal", sixteen}), 12) << "red of the standard colours";
@@ -140,7 +140,7 @@ TEST(Terminal_file, VtpoolTakesTheFileWithOptionsOverridingItAndRefusesBadOnesWi
     EXPECT_EQ(test::run_vtpool({"build", xml, "-o", out, "--terminal", sixteen, "--design-size", "480x480"}).status, 0);
 
     const QString bad = tmp.filePath("bad.ini");
-    ASSERT_TRUE(test::put_file(bad, "[terminal]\ncolours = 12\n"));
+    ASSERT_TRUE(test::write_file(bad, "[terminal]\ncolours = 12\n"));
     struct Case
     {
         QStringList options;
@@ -175,7 +175,7 @@ TEST(Terminal_file, TheReadmesFirstBuildIsCleanForTheTerminalItNames)
     ASSERT_TRUE(tmp.isValid());
     const QString root = QStringLiteral(VT_EXAMPLES_DIR "/..");
     QString line;
-    for (const QString& l : QString::fromUtf8(test::file_bytes(root + "/README.md")).split('\n'))
+    for (const QString& l : QString::fromUtf8(test::read_file(root + "/README.md")).split('\n'))
         if (l.startsWith("vtpool build ")) {
             line = l.section('#', 0, 0).trimmed();
             break;

@@ -14,7 +14,7 @@
 #include <functional>
 #include <map>
 
-#include "process_support.h"
+#include "tool_test_support.h"
 #include "tools/check/Checker.h"
 #include "tools/check/Object_facts.h"
 #include "tools/pool/Pool_file.h"
@@ -121,6 +121,16 @@ bool downgradable(Object_pool& pool, int version)
         if (Check::type_version(obj->get_type() & 0xFF) > version && obj->get_type() != VT_obj_type::TYPE_PNG)
             return false;
     return true;
+}
+
+// The examples' descriptions.
+QStringList examples()
+{
+    const QDir dir(QStringLiteral(VT_EXAMPLES_DIR));
+    QStringList out;
+    for (const QString& f : dir.entryList({"*.xml"}, QDir::Files))
+        out.append(dir.filePath(f));
+    return out;
 }
 
 bool load(const Source& s, Object_pool& pool)
@@ -251,38 +261,27 @@ void build_for_every_terminal(const Source& source, int& compared)
 
 TEST(Terminal_matrix, EveryExampleBuildsForEveryTerminal)
 {
-    const QDir examples(QStringLiteral(VT_EXAMPLES_DIR));
-    const QStringList files = examples.entryList({"*.xml"}, QDir::Files);
+    const QStringList files = examples();
     ASSERT_FALSE(files.isEmpty());
     int compared = 0;
     for (const QString& f : files)
-        build_for_every_terminal({examples.filePath(f), true}, compared);
+        build_for_every_terminal({f, true}, compared);
     EXPECT_GT(compared, 0) << "monochrome pictures compared";
 }
 
 TEST(Terminal_matrix, EveryRealPoolBuildsForEveryTerminal)
 {
-    const QDir pools(QStringLiteral(VT_SHARED_POOLS_DIR));
-    const QStringList files = pools.entryList({"*.iop"}, QDir::Files);
+    const QStringList files = test::real_pools();
     if (files.isEmpty())
         GTEST_SKIP() << "no real pools at " VT_SHARED_POOLS_DIR;
     int compared = 0;
     for (const QString& f : files)
-        build_for_every_terminal({pools.filePath(f), false}, compared);
+        build_for_every_terminal({f, false}, compared);
     EXPECT_GT(compared, 0) << "monochrome pictures compared";
 }
 
 namespace {
 
-// The sources to build: the examples' descriptions, or the real pools (none when absent).
-QStringList sources(bool real)
-{
-    const QDir dir(QString::fromUtf8(real ? VT_SHARED_POOLS_DIR : VT_EXAMPLES_DIR));
-    QStringList out;
-    for (const QString& f : dir.entryList({real ? "*.iop" : "*.xml"}, QDir::Files))
-        out.append(dir.filePath(f));
-    return out;
-}
 
 // vtpool build of each source for terminals given by options and files, every colour depth,
 // VT version, scaling of both areas, font masks without the proportional style: a build
@@ -363,14 +362,14 @@ void build_with_vtpool(const QStringList& inputs)
 
 TEST(Terminal_matrix, VtpoolBuildsEveryExampleForEachTerminalOptionAndChecksItClean)
 {
-    const QStringList inputs = sources(false);
+    const QStringList inputs = examples();
     ASSERT_FALSE(inputs.isEmpty());
     build_with_vtpool(inputs);
 }
 
 TEST(Terminal_matrix, VtpoolBuildsEveryRealPoolForEachTerminalOptionAndChecksItClean)
 {
-    const QStringList inputs = sources(true);
+    const QStringList inputs = test::real_pools();
     if (inputs.isEmpty())
         GTEST_SKIP() << "no real pools at " VT_SHARED_POOLS_DIR;
     build_with_vtpool(inputs);

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "test_support.h"
+#include "tool_test_support.h"
 #include "tools/pool/Object_pool.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/check/Checker.h"
@@ -14,22 +15,9 @@
 using VT::Object_pool;
 using VT::Pool_file;
 
-namespace {
-
-QStringList real_pools()
-{
-    QDir dir(QStringLiteral(VT_SHARED_POOLS_DIR));
-    QStringList out;
-    for (const QString& f : dir.entryList({"*.iop"}, QDir::Files, QDir::Name))
-        out.append(dir.filePath(f));
-    return out;
-}
-
-}
-
 TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
 {
-    QStringList pools = real_pools();
+    QStringList pools = test::real_pools();
     if (pools.isEmpty())
         GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR;
     for (const QString& path : pools) {
@@ -69,7 +57,7 @@ TEST(ToolsRealPools, ReadAndWriteBackObjectByObject)
 
 TEST(ToolsRealPools, DamagedCopiesReadOrFailCleanly)
 {
-    QStringList pools = real_pools();
+    QStringList pools = test::real_pools();
     if (pools.isEmpty())
         GTEST_SKIP() << "no real pools in " << VT_SHARED_POOLS_DIR;
     test::Dprint_capture quiet;

@@ -9,36 +9,23 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include "process_support.h"
 #include "test_support.h"
+#include "tool_test_support.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/source/Source_generator.h"
 
 #include <sstream>
 
-namespace {
-
 using test::Outcome;
+using test::read_file;
 using test::vtpool;
-
-QByteArray read_file(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-bool write_file(const QString& path, const QByteArray& content)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly) && f.write(content) == content.size();
-}
-
-}
+using test::write_file;
 
 TEST(ToolsVtpool, EveryCommandHasHelpAndBadUsageIsStatusTwo)
 {
-    for (const char* command : {"build", "dump", "source", "check", "pictures", "info", "render"}) {
+    for (const char* command : {"build", "dump", "source", "check", "pictures", "info", "render", "describe", "ids",
+                                "attributes"}) {
         Outcome r = vtpool({command, "--help"});
         EXPECT_EQ(r.status, 0) << command;
         EXPECT_TRUE(r.out.startsWith(QStringLiteral("usage: vtpool %1").arg(command))) << r.out.toStdString();
@@ -326,7 +313,8 @@ TEST(ToolsVtpool, HelpListsExactlyTheOptionsEachCommandAccepts)
     for (const QString& line : general.out.split('\n'))
         if (line.startsWith("  ") && !line.startsWith("   "))
             commands.append(line.trimmed().section(' ', 0, 0));
-    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info", "version"}));
+    EXPECT_EQ(commands, QStringList({"build", "dump", "source", "check", "pictures", "render", "info", "describe",
+                                     "ids", "types", "attributes", "version"}));
     for (const QString& command : commands) {
         SCOPED_TRACE(command.toStdString());
         const Outcome help = vtpool({command, "--help"});

@@ -1,13 +1,12 @@
 #ifndef TESTS_VTPOOL_SUPPORT_H
 #define TESTS_VTPOOL_SUPPORT_H
 
-// Running vtpool as a program, and small file helpers, for the tests of its commands.
+// Running vtpool as a program under a shell limit, for the tests of its commands.
 
-#include <QFile>
 #include <QString>
 #include <QStringList>
 
-#include "process_support.h"
+#include "tool_test_support.h"
 
 namespace test {
 
@@ -20,18 +19,6 @@ inline Outcome run_vtpool(const QStringList& args, const QString& shell_setup = 
     // The arguments reach the shell as its positional parameters, unquoted by nobody.
     return run_program(QStringLiteral("/bin/sh"), QStringList{"-c", shell_setup + QStringLiteral("; exec \"$0\" \"$@\""),
                                                                QStringLiteral(VT_VTPOOL)} + args);
-}
-
-inline QByteArray file_bytes(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-inline bool put_file(const QString& path, const QByteArray& content)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly) && f.write(content) == content.size();
 }
 
 }

@@ -1,7 +1,7 @@
 file(MAKE_DIRECTORY ${OUT})
-# Builds a description with vtpool, writes the same pool from the generated source, and
-# compares the two files.
-execute_process(COMMAND ${VTPOOL} build ${DESCRIPTION} -o ${OUT}/built.iop RESULT_VARIABLE r1 OUTPUT_QUIET)
+# Builds a description with vtpool (for the terminal TERMINAL names, if any), writes the same
+# pool from the generated source, and compares the two files.
+execute_process(COMMAND ${VTPOOL} build ${DESCRIPTION} ${TERMINAL} -o ${OUT}/built.iop RESULT_VARIABLE r1 OUTPUT_QUIET)
 if(NOT r1 EQUAL 0)
   message(FATAL_ERROR "vtpool build failed: ${r1}")
 endif()

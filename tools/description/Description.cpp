@@ -9,6 +9,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "tools/description/Attribute_names.h"
 #include "tools/description/Values.h"
 #include "tools/description/Xml_reader.h"
 #include "tools/pictures/Picture_encoder.h"
@@ -167,6 +168,8 @@ void Description::collect(Xml_element* e, int depth)
         else
             problem(e, QStringLiteral("unknown object type '%1'").arg(QString::fromUtf8(e->name)));
     }
+    for (const QString& p : Attribute_names::resolve(*e))
+        problem(e, p);
     e->mark_used("name");
     e->mark_used("id");
     const QByteArray* name = e->attribute("name");
@@ -209,6 +212,9 @@ void Description::check_children(Xml_element* e, int depth)
             problem(c, QStringLiteral("objects nested too deeply"));
             return;
         }
+        if (!c->is_object())
+            for (const QString& p : Attribute_names::resolve(*c))
+                problem(c, p);
         if (c->is_object()) {
             collect(c, depth); // an inline object of a plain reference list
         } else if (c->is_list_item() || c->kind == Xml_element::ATTR_WRAPPER) {
@@ -225,8 +231,10 @@ void Description::check_children(Xml_element* e, int depth)
         } else if (c->name == "colour") {
             problem(c, QStringLiteral("<colour> declarations belong directly under <object_pool>"));
         } else {
+            // A code plane's ranges are the only items that hold items.
             for (const auto& inner : c->children)
-                problem(inner.get(), QStringLiteral("<%1> has no child elements").arg(QString::fromUtf8(c->name)));
+                if (c->name != "Code_plane_rangeset" || inner->name != "Code_plane_range" || !inner->children.empty())
+                    problem(inner.get(), QStringLiteral("<%1> has no child elements").arg(QString::fromUtf8(c->name)));
         }
     }
 }
@@ -266,15 +274,18 @@ void Description::prepare_values(Xml_element* e)
         prepare_picture(e, e->name == "PNG");
         return;
     }
-    for (const auto& a : e->attributes) {
-        if (!is_byte_string(a.key))
+    for (auto& a : e->attributes) {
+        // "string.hex" gives the bytes of a text that XML cannot hold as text.
+        const bool hex_text = a.key.endsWith(".hex");
+        if (!is_byte_string(a.key) && !hex_text)
             continue;
         QByteArray bytes;
         if (!Values::decode_hex(a.value, bytes)) {
             problem(e, QStringLiteral("'%1' must be hexadecimal bytes such as \"A0 05 FF\"").arg(QString::fromUtf8(a.key)));
             continue;
         }
-        e->supplied.push_back({a.key, bytes, true});
+        a.used = a.used || hex_text;
+        e->supplied.push_back({hex_text ? a.key.left(a.key.size() - 4) : a.key, bytes, true});
     }
 }
 
@@ -295,7 +306,7 @@ void Description::prepare_picture(Xml_element* e, bool png)
         problem(e, QStringLiteral("'%1' is not an image this tool can read").arg(path));
         return;
     }
-    if (image.width() > 65535 || image.height() > 65535 || qint64(image.width()) * image.height() > (1 << 24)) {
+    if (image.width() > 65535 || image.height() > 65535 || qint64(image.width()) * image.height() > Picture_encoder::MAX_PIXELS) {
         problem(e, QStringLiteral("picture '%1' is too large (%2 x %3)").arg(path).arg(image.width()).arg(image.height()));
         return;
     }
@@ -327,7 +338,7 @@ void Description::prepare_picture(Xml_element* e, bool png)
         if (const QByteArray* t = e->attribute("transparency_colour"))
             if (!Attribute_colour::get_colour_val(t->constData(), transparency) && !declared_colour(*t, transparency))
                 problem(e, QStringLiteral("unknown colour '%1'").arg(QString::fromUtf8(*t)));
-        data = Picture_encoder::encode(image.convertToFormat(QImage::Format_ARGB32), format_t(format),
+        data = Picture_encoder::encode(image, format_t(format),
                                        (options & 4) != 0, transparency);
         // Symbolic formats reach the library as numbers.
         e->supply("format", QByteArray::number(format), false);
@@ -585,7 +596,8 @@ void Description::report_unused(const Xml_element* e)
                     owner = owner->parent;
                 warning(e, QStringLiteral("attribute '%1' of <%2> is not used%3")
                                .arg(QString::fromUtf8(a.key), QString::fromUtf8(e->name),
-                                    owner && owner->object ? "" : " (its object was not built)"));
+                                    owner && owner->object ? Attribute_names::suggestion(e->name, a.key)
+                                                           : " (its object was not built)"));
             }
     for (const auto& c : e->children)
         report_unused(c.get());
@@ -631,6 +643,7 @@ bool Description::build(Object_pool& target)
         warning(element_of(note.object->get_spec_node()), object_label(note.object) + ": " + note.text);
     resolve_colours();
     hear(said, nullptr, QString());
+    read_host_lists();
     justify();
     hear(said, nullptr, QString());
     report_unused(root.get());

@@ -80,6 +80,13 @@ private:
     void read_values(Library_output& said);
     void resolve_colours();
     void justify();
+    // Lists whose items the library leaves to the host (Description_lists.cpp).
+    void read_host_lists();
+    void read_code_planes(Xml_element* e, Attribute_list<Attribute_code_plane_rangeset>& list);
+    void split_references(Xml_element* e, Attribute_list<Attribute_object_id>& refs,
+                          Attribute_list<Attribute_object_placement>& places);
+    void read_named_swaths(Xml_element* e, Attribute_list<Attribute_object_id>& swaths);
+    uint16_t reference_id(Xml_element* item, const QByteArray& name);
     bool root_size(const char* key, int& w, int& h);
     void report_unused(const Xml_element* e);
     QSet<QString> check_ranges(Xml_element* e);

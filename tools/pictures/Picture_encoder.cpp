@@ -4,6 +4,28 @@
 
 namespace VT {
 
+namespace {
+
+// Whether the image is indexed on the VT palette, as vtpool writes pictures: then its indexes are
+// the picture's colours as they are. Nearest colours could not tell apart the colours the
+// palette holds twice (the standard colours reappear in the colour cube). Entries made fully
+// transparent stand for the transparency colour.
+bool on_vt_palette(const QImage& image)
+{
+    if (image.format() != QImage::Format_Indexed8)
+        return false;
+    const QVector<QRgb> table = image.colorTable();
+    const QVector<unsigned int>& vt = Colours::get_standard_vt_colour_table();
+    if (table.size() != vt.size())
+        return false;
+    for (int i = 0; i < table.size(); ++i)
+        if (table[i] != vt[i] && qAlpha(table[i]) != 0)
+            return false;
+    return true;
+}
+
+}
+
 int Picture_encoder::row_bytes(int width, format_t format)
 {
     switch (format) {
@@ -40,22 +62,29 @@ QByteArray Picture_encoder::pack(const QByteArray& indices, int width, int heigh
     return out;
 }
 
-QByteArray Picture_encoder::pack_rows(const QImage& image, format_t format, unsigned char transparency_index)
+QByteArray Picture_encoder::pack_rows(const QImage& given, format_t format, unsigned char transparency_index)
 {
+    const bool indexed = on_vt_palette(given);
+    const QImage image = indexed ? given : given.convertToFormat(QImage::Format_ARGB32);
     const int w = image.width(), h = image.height();
     const int colours = format == MONOCHROME ? 2 : format == FOUR_BIT_COLOUR ? 16 : 256;
     // The library's reading of true-colour pixels as VT colours (-1: a transparent pixel).
-    QT_image vt_image(image);
+    QT_image vt_image(indexed ? QImage() : image);
+    const QVector<QRgb> table = image.colorTable();
     QByteArray indices(w * h, '\0');
     uint8_t* out = reinterpret_cast<uint8_t*>(indices.data());
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x) {
-            const int index = vt_image.get_vt_pixel(x, y, -1);
+            int index = indexed ? image.pixelIndex(x, y) : vt_image.get_vt_pixel(x, y, -1);
+            if (indexed && qAlpha(table[index]) == 0)
+                index = -1;
             uint8_t& pixel = out[y * w + x];
             if (index < 0)
                 pixel = reduce_colour(transparency_index, colours);
             else if (colours == 256)
                 pixel = uint8_t(index);
+            else if (indexed)
+                pixel = reduce_colour(uint8_t(index), colours);
             else
                 pixel = reduced_index(image.pixel(x, y), colours);
         }

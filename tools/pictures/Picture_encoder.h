@@ -13,10 +13,14 @@ namespace VT {
 class Picture_encoder
 {
 public:
+    // The most pixels a picture read from an image file may have.
+    static constexpr qint64 MAX_PIXELS = qint64(1) << 24;
+
     // Pixels are mapped onto the VT palette; pixels that are (nearly) fully transparent become
     // `transparency_index`. 8-bit pictures use the palette's colour cube, 4-bit and monochrome
     // pictures the colour a 16- or 2-colour terminal has for the pixel (reduce_colour's rule,
-    // tools/terminal/Colour_reduction.h).
+    // tools/terminal/Colour_reduction.h). An image indexed on the VT palette (as vtpool writes
+    // pictures) keeps its indexes, or at fewer colours the terminal's colour for each.
     static QByteArray encode(const QImage& image, format_t format, bool run_length, unsigned char transparency_index);
     // The raw bytes of the pixel rows, before run-length coding.
     static QByteArray pack_rows(const QImage& image, format_t format, unsigned char transparency_index);

@@ -23,6 +23,11 @@ bool looks_like_xml(const QByteArray& head)
 
 }
 
+bool Pool_loader::looks_like_description(const QString& path, const QByteArray& head)
+{
+    return path.endsWith(".xml", Qt::CaseInsensitive) || looks_like_xml(head);
+}
+
 bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
                        bool verbose, bool* is_description, Pool_file::Read_report* report, bool lenient)
 {
@@ -32,7 +37,7 @@ bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& prob
         return false;
     }
     QByteArray content = f.readAll();
-    bool xml = path.endsWith(".xml", Qt::CaseInsensitive) || looks_like_xml(content.left(64));
+    bool xml = looks_like_description(path, content.left(64));
     if (is_description)
         *is_description = xml;
     if (xml) {

@@ -23,6 +23,8 @@ public:
     static bool load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
                      bool verbose = false, bool* is_description = nullptr, Pool_file::Read_report* report = nullptr,
                      bool lenient = false);
+    // Whether a file of this name that begins with `head` is read as a description.
+    static bool looks_like_description(const QString& path, const QByteArray& head);
 };
 
 }

@@ -13,9 +13,18 @@ namespace VT {
 class Source_generator
 {
 public:
+    struct Options
+    {
+        // With a namespace, everything is inside it and the source defines
+        // NAME_SPACE::objects(), the pool's objects in pool order, built on the first call.
+        QString name_space;
+        QString header; // a header to include first (the ID header that declares objects())
+    };
+
     // False (and `error`) when the names cannot be C++ identifiers or references carry no names
     // (pool bytes); `origin` is named in the text's opening comment.
-    static bool generate(Object_pool& pool, const QString& origin, std::ostream& os, QString* error);
+    static bool generate(Object_pool& pool, const QString& origin, std::ostream& os, QString* error,
+                         const Options& options = Options());
 };
 
 }

@@ -4,7 +4,12 @@
 #include <cstring>
 #include <iostream>
 
+#include <QFile>
+
+#include "tools/describe/Describer.h"
+#include "tools/output/Output_file.h"
 #include "tools/pool/Labels.h"
+#include "tools/pool/Pool_loader.h"
 
 namespace Vtpool {
 
@@ -144,6 +149,35 @@ bool Invocation::load(Object_pool& pool, bool verbose, bool* is_description, VT:
     if (loaded)
         *loaded = l;
     return l.ok;
+}
+
+bool Invocation::load_named(Object_pool& pool, bool* is_description) const
+{
+    if (is_description) {
+        QFile f(argument());
+        *is_description = f.open(QIODevice::ReadOnly) && VT::Pool_loader::looks_like_description(argument(), f.read(64));
+    }
+    QStringList problems, warnings;
+    VT::Object_names::By_id names;
+    bool ok = !is_set("names") || VT::Object_names::read_header(value("names"), names, problems, warnings);
+    ok = ok && VT::Describer::load_named(argument(), names, pool, problems, warnings, is_set("lenient"));
+    print_lines(warnings, "warning: ");
+    print_lines(problems, "error: ");
+    return ok;
+}
+
+Option Invocation::names_option()
+{
+    return {{"names"}, "IDS.h", "object names from an ID header (#define NAME ID lines)"};
+}
+
+bool Invocation::write_output(const QString& path, const QByteArray& bytes)
+{
+    QString error;
+    if (VT::Output_file::write_file(path, bytes, &error))
+        return true;
+    std::cerr << "error: " << error.toStdString() << std::endl;
+    return false;
 }
 
 bool Invocation::parse_number(const QString& text, unsigned max, unsigned& out)

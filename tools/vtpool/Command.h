@@ -84,6 +84,17 @@ public:
     // said that the tool reports in its own words is shown as well.
     bool load(Object_pool& pool, bool verbose = false, bool* is_description = nullptr,
               VT::Check::Loaded* loaded = nullptr) const;
+    // Loads it with its objects named as describe names them (and as --names gives them, where
+    // the command has that option): a pool file goes through its description, so that its
+    // references carry names.
+    bool load_named(Object_pool& pool, bool* is_description = nullptr) const;
+
+    // Writes a whole output file: to a temporary file beside it, renamed into place once written;
+    // false after the error has been printed.
+    static bool write_output(const QString& path, const QByteArray& bytes);
+
+    // The option that names objects from an ID header.
+    static Option names_option();
 
     // Values of options: a decimal or 0x-hexadecimal number up to `max`, a size WIDTHxHEIGHT.
     static bool parse_number(const QString& text, unsigned max, unsigned& out);

@@ -1,5 +1,9 @@
 #include "tools/vtpool/Terminal_options.h"
 
+#include <iostream>
+
+#include "tools/pool/Labels.h"
+#include "tools/terminal/Terminal_adaptation.h"
 #include "tools/terminal/Terminal_file.h"
 #include "tools/terminal/Terminal_properties.h"
 
@@ -74,6 +78,23 @@ bool Terminal_options::read(const Invocation& in, Target& target)
         *a.height = uint16_t(h);
     }
     return true;
+}
+
+bool Terminal_options::adapt(Object_pool& pool, const Target& target, bool is_description, bool downgrade)
+{
+    QStringList problems, warnings;
+    if (!is_description && (target.design.mask_width || target.design.key_width))
+        for (const VT::Scaling::Area_note& note : VT::Scaling::propagate_areas(pool))
+            warnings.append(VT::object_label(note.object) + ": " + note.text);
+    VT::Terminal_adaptation::Options options;
+    options.design = target.design;
+    options.downgrade = downgrade;
+    const bool adapted = VT::Terminal_adaptation::adapt(pool, target.terminal, options, problems, warnings);
+    print_lines(warnings, "warning: ");
+    print_lines(problems, "error: ");
+    if (!adapted)
+        std::cerr << "error: the pool cannot be made one this terminal loads; nothing written" << std::endl;
+    return adapted;
 }
 
 }

@@ -29,6 +29,12 @@ public:
     // Reads those options of the group that the command declares into `target`; false after
     // the usage error has been printed.
     static bool read(const Invocation& in, Target& target);
+
+    // Makes the pool the target terminal's own (VT::Terminal_adaptation): scaled from the
+    // screen it was designed for where sizes of both were given, objects read from pool bytes
+    // first learning the area they are drawn in. Prints the warnings and problems; false, after
+    // saying that nothing is written, when the pool cannot be made the terminal's.
+    static bool adapt(Object_pool& pool, const Target& target, bool is_description, bool downgrade);
 };
 
 }

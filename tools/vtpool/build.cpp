@@ -4,9 +4,7 @@
 
 #include "tools/check/Check_tool.h"
 #include "tools/output/Output_file.h"
-#include "tools/pool/Labels.h"
 #include "tools/pool/Pool_file.h"
-#include "tools/terminal/Terminal_adaptation.h"
 #include "tools/vtpool/Terminal_options.h"
 
 namespace Vtpool {
@@ -33,20 +31,8 @@ int run(Invocation& in)
         return PROBLEM;
     // A pool file written without terminal options is written back as it was read.
     if (is_description || target.named) {
-        QStringList problems, warnings;
-        if (!is_description && (target.design.mask_width || target.design.key_width))
-            for (const VT::Scaling::Area_note& note : VT::Scaling::propagate_areas(pool))
-                warnings.append(VT::object_label(note.object) + ": " + note.text);
-        VT::Terminal_adaptation::Options options;
-        options.design = target.design;
-        options.downgrade = in.is_set("downgrade");
-        const bool adapted = VT::Terminal_adaptation::adapt(pool, target.terminal, options, problems, warnings);
-        print_lines(warnings, "warning: ");
-        print_lines(problems, "error: ");
-        if (!adapted) {
-            std::cerr << "error: the pool cannot be made one this terminal loads; nothing written" << std::endl;
+        if (!Terminal_options::adapt(pool, target, is_description, in.is_set("downgrade")))
             return PROBLEM;
-        }
         // The pool as the terminal gets it, against the terminal's VT version.
         if (target.terminal.vt_version && !VT::Check::may_build(loaded, pool, target.terminal.vt_version, rules, std::cerr))
             return PROBLEM;

@@ -19,13 +19,17 @@ Command check_command();
 Command pictures_command();
 Command info_command();
 Command render_command();
+Command describe_command();
+Command ids_command();
+Command types_command();
+Command attributes_command();
 Command version_command();
 
 const std::vector<Command>& commands()
 {
     static const std::vector<Command> table{
         build_command(), dump_command(), source_command(), check_command(), pictures_command(), render_command(), info_command(),
-        version_command(),
+        describe_command(), ids_command(), types_command(), attributes_command(), version_command(),
     };
     return table;
 }
