@@ -7,12 +7,12 @@
 namespace VT {
 namespace Check {
 
-Loaded load(const QString& path, Object_pool& pool, bool verbose)
+Loaded load(const QString& path, Object_pool& pool, bool verbose, bool lenient)
 {
     Loaded l;
     Pool_file::Read_report report;
     report.keep_duplicate_ids = true;
-    l.ok = Pool_loader::load(path, pool, l.problems, l.warnings, verbose, &l.is_description, &report);
+    l.ok = Pool_loader::load(path, pool, l.problems, l.warnings, verbose, &l.is_description, &report, lenient);
     l.source.file = path;
     if (!l.is_description)
         l.source.offsets = report.offsets;
@@ -23,7 +23,7 @@ Loaded load(const QString& path, Object_pool& pool, bool verbose)
 int run_check(const Check_request& request, std::ostream& out)
 {
     Object_pool pool;
-    const Loaded loaded = load(request.path, pool, request.verbose);
+    const Loaded loaded = load(request.path, pool, request.verbose, request.lenient);
     Result r;
     if (loaded.ok)
         r = check(pool, loaded.source, request.options);

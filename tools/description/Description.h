@@ -43,6 +43,9 @@ public:
     const QStringList& warnings() const { return warning_list; }
     const QStringList& library_notes() const { return note_list; }
     void set_verbose(bool on) { verbose = on; }
+    // Values outside their attribute's range are problems; lenient, they are warnings and the
+    // values are clamped into the range.
+    void set_lenient(bool on) { lenient = on; }
 
     const QString& file_name() const { return file; }
     QString where(const Xml_element* e) const;
@@ -86,9 +89,12 @@ private:
     uint16_t reference_id(Xml_element* item, const QByteArray& name);
     bool root_size(const char* key, int& w, int& h);
     void report_unused(const Xml_element* e);
+    QSet<QString> check_ranges(Xml_element* e);
     // Files what the library said since the last call under element `e` (the root when null),
-    // about `who` (an object's label, or empty).
-    void hear(Library_output& said, const Xml_element* e, const QString& who);
+    // about `who` (an object's label, or empty); clamps of the attributes named in `ranges`
+    // were reported already.
+    void hear(Library_output& said, const Xml_element* e, const QString& who,
+              const QSet<QString>& ranges = QSet<QString>());
 
     QString file;
     QString base_dir;
@@ -103,6 +109,7 @@ private:
     QStringList warning_list;
     QStringList note_list;
     bool verbose = false;
+    bool lenient = false;
 };
 
 }

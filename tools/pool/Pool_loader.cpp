@@ -29,7 +29,7 @@ bool Pool_loader::looks_like_description(const QString& path, const QByteArray& 
 }
 
 bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                       bool verbose, bool* is_description, Pool_file::Read_report* report)
+                       bool verbose, bool* is_description, Pool_file::Read_report* report, bool lenient)
 {
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) {
@@ -45,6 +45,7 @@ bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& prob
         auto d = std::make_shared<Description>();
         pool.keep_alive(d);
         d->set_verbose(verbose);
+        d->set_lenient(lenient);
         bool ok = d->parse(content, path) && d->build(pool);
         problems += d->problems();
         warnings += d->warnings();

@@ -18,9 +18,11 @@ public:
     // as the pool, whose objects keep its nodes. Pool bytes that stop reading name the object
     // probably at fault. With `verbose`, warnings also hold what the library said that the
     // tool reports in its own words. `report`, when given, receives how pool bytes were read
-    // (and says whether ids used twice are kept).
+    // (and says whether ids used twice are kept). `lenient`: values of a description outside
+    // their range are warnings (and clamped) rather than problems.
     static bool load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                     bool verbose = false, bool* is_description = nullptr, Pool_file::Read_report* report = nullptr);
+                     bool verbose = false, bool* is_description = nullptr, Pool_file::Read_report* report = nullptr,
+                     bool lenient = false);
     // Whether a file of this name that begins with `head` is read as a description.
     static bool looks_like_description(const QString& path, const QByteArray& head);
 };

@@ -23,6 +23,7 @@ int run(Invocation& in)
     request.json = format == "json";
     request.werror = in.is_set("werror");
     request.verbose = in.is_set("verbose");
+    request.lenient = in.is_set("lenient");
     return VT::Check::run_check(request, std::cout);
 }
 
@@ -56,7 +57,8 @@ Command check_command()
             Terminal_options::only({"vt-version"}) +
                 QVector<Option>{{{"format"}, "text|json", "one line per finding (text), or one JSON document"},
                                 {{"werror"}, "", "exit with status 1 on warnings too"},
-                                {{"verbose"}, "", "also show what the library said that is reported otherwise"}},
+                                {{"verbose"}, "", "also show what the library said that is reported otherwise"},
+                                Option::lenient()},
             run};
 }
 

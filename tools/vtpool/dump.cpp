@@ -25,7 +25,7 @@ Command dump_command()
             "print every object of a pool",
             {"POOL"},
             "Prints every object with its attributes (of objects sharing an id, all of them).\n",
-            {{{"bytes"}, "", "add each object's bytes"}, {{"verbose"}, "", "also show what the library said that is reported otherwise"}},
+            {{{"bytes"}, "", "add each object's bytes"}, {{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient()},
             run};
 }
 
