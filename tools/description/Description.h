@@ -49,6 +49,9 @@ public:
     void set_language(const QByteArray& code) { language = code; }
     // The description's languages and translations, once build() has read them.
     const Translations& translations() const { return texts; }
+    // Values outside their attribute's range are problems; lenient, they are warnings and the
+    // values are clamped into the range.
+    void set_lenient(bool on) { lenient = on; }
 
     const QString& file_name() const { return file; }
     QString where(const Xml_element* e) const;
@@ -95,9 +98,12 @@ private:
     void read_translations();
     // Gives the objects their texts in the chosen language.
     void apply_language();
+    QSet<QString> check_ranges(Xml_element* e);
     // Files what the library said since the last call under element `e` (the root when null),
-    // about `who` (an object's label, or empty).
-    void hear(Library_output& said, const Xml_element* e, const QString& who);
+    // about `who` (an object's label, or empty); clamps of the attributes named in `ranges`
+    // were reported already.
+    void hear(Library_output& said, const Xml_element* e, const QString& who,
+              const QSet<QString>& ranges = QSet<QString>());
 
     QString file;
     QString base_dir;
@@ -114,6 +120,7 @@ private:
     bool verbose = false;
     QByteArray language;
     Translations texts;
+    bool lenient = false;
 };
 
 }

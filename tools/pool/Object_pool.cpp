@@ -404,6 +404,34 @@ bool Object_pool::admit(VT_obj* obj, const char* name, size_t name_len, Naming n
     return true;
 }
 
+bool Object_pool::replace(VT_obj* old, VT_obj* replacement, QString* error)
+{
+    const int position = old ? list.indexOf(old) : -1;
+    if (!replacement || position < 0 || replacement->__get_id() != old->__get_id()) {
+        if (error)
+            *error = QStringLiteral("only an object of the pool can be replaced, by one of the same id");
+        discard(replacement);
+        return false;
+    }
+    // The name index finds the object at the old position by the name it holds: the name stays,
+    // but for a default name, which follows the type.
+    const char* name = old->VT_obj_base::get_name();
+    const size_t name_len = strnlen(name, VT_obj::NAME_LEN + 1);
+    if (is_default_name(name, name_len, old->__get_type(), old->__get_id())) {
+        char own[VT_obj::NAME_LEN + 1];
+        write_default_name(replacement->__get_type(), replacement->__get_id(), own);
+        replacement->set_name(own);
+    } else {
+        replacement->set_name(name);
+    }
+    replacement->set_pool_helper(&pool_helper);
+    replacement->get_list_hook(0)[0] = this;
+    list[position] = replacement;
+    by_id[old->__get_id() >> 8][old->__get_id() & 0xFF] = replacement;
+    destroy(old);
+    return true;
+}
+
 uint16_t Object_pool::lowest_free_id(uint16_t from) const
 {
     for (uint32_t id = from; id < 65535; ++id)

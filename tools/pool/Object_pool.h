@@ -91,6 +91,11 @@ public:
     VT_obj* create(const Object_factory::Entry& entry, Spec_node* spec_node = nullptr);
     // Ends an object made by create() that was not added.
     void discard(VT_obj* obj);
+    // Puts `replacement` (not yet added; it takes ownership) in the place of `old`, an object of
+    // this pool with the same id, and deletes `old`: the same place in the order, and `old`'s
+    // name, or when `old` carried its default name, the replacement's own default name. False,
+    // with the replacement discarded, when the ids differ or `old` is not in this pool.
+    bool replace(VT_obj* old, VT_obj* replacement, QString* error = nullptr);
     // Deletes every object. The storage of objects made by create() is kept for the objects
     // that follow (a host that reloads its pool reuses it); the destructor frees it.
     void clear();

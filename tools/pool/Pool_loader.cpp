@@ -29,7 +29,7 @@ bool Pool_loader::looks_like_description(const QString& path, const QByteArray& 
 }
 
 bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                       bool verbose, bool* is_description, Pool_file::Read_report* report,
+                       bool verbose, bool* is_description, Pool_file::Read_report* report, bool lenient,
                        Language_choice* languages)
 {
     QFile f(path);
@@ -46,6 +46,7 @@ bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& prob
         auto d = std::make_shared<Description>();
         pool.keep_alive(d);
         d->set_verbose(verbose);
+        d->set_lenient(lenient);
         if (languages) {
             d->set_language(languages->language);
             languages->translations = std::shared_ptr<const Translations>(d, &d->translations());

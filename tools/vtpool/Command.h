@@ -29,6 +29,8 @@ struct Option
 
     // -o VALUE, which every command that writes a file or folder requires.
     static Option output(const QString& value_name, const QString& help);
+    // --lenient, which every command that reads a description accepts.
+    static Option lenient();
     // A name as written on the command line: "-o", "--output".
     static QString spelled(const QString& name);
     // The longest name, spelled; options are named so in messages.

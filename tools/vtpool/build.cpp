@@ -1,11 +1,10 @@
 // vtpool build: a description or pool file written as pool bytes for a terminal.
 #include <QFile>
-#include <QSet>
 #include <iostream>
 
-#include "tools/check/Object_facts.h"
+#include "tools/check/Check_tool.h"
+#include "tools/output/Output_file.h"
 #include "tools/pool/Pool_file.h"
-#include "tools/terminal/Terminal_limits.h"
 #include "tools/vtpool/Language_builds.h"
 #include "tools/vtpool/Terminal_options.h"
 
@@ -25,20 +24,18 @@ bool make_pool(Invocation& in, Target& target, unsigned chunk, const QByteArray&
         return false;
     if (translations)
         *translations = loaded.source.translations;
-    const VT::Terminal& terminal = target.terminal;
-    if (!VT::Check::may_build(loaded, pool, terminal.vt_version, !in.is_set("no-check"), std::cerr))
+    // The pool as given: what is wrong whatever the terminal.
+    const bool rules = !in.is_set("no-check");
+    if (!VT::Check::may_build(loaded, pool, 0, rules, std::cerr))
         return false;
-    pool.set_serialisation_limits(VT::serialisation_limits(terminal));
-    if (terminal.vt_version) {
-        pool.set_negotiated_version(uint8_t(terminal.vt_version));
-        QSet<uint8_t> types;
-        for (unsigned t = 0; t < 256; ++t)
-            if (int needs = VT::Check::type_version(t))
-                if (needs <= terminal.vt_version)
-                    types.insert(uint8_t(t));
-        pool.set_supported_types(types);
+    // A pool file written without terminal options is written back as it was read.
+    if (is_description || target.named) {
+        if (!Terminal_options::adapt(pool, target, is_description, in.is_set("downgrade")))
+            return false;
+        // The pool as the terminal gets it, against the terminal's VT version.
+        if (target.terminal.vt_version && !VT::Check::may_build(loaded, pool, target.terminal.vt_version, rules, std::cerr))
+            return false;
     }
-    Terminal_options::scale(pool, target, is_description);
 
     // The upload in buffers must give the bytes of the whole pool serialised at once.
     bytes.clear();
@@ -97,19 +94,24 @@ Command build_command()
             "build a description or pool file into pool bytes for a terminal",
             {"INPUT"},
             "Builds INPUT (a description or a pool file) and writes its bytes as they would be\n"
-            "uploaded to a terminal with the given properties. Without terminal options a pool\n"
-            "file is written back as it was read.\n"
-            "The pool is checked first (the error rules of vtpool check, with --vt-version when\n"
-            "given) and not built when an error is found; a pool file that uses an id twice is\n"
-            "never built.\n"
+            "uploaded to a terminal with the given properties: colours, pictures, colour maps and\n"
+            "fonts become the terminal's own (docs/terminals.md), or the build fails naming the\n"
+            "objects in the way and writes nothing. Without terminal options a pool file is\n"
+            "written back as it was read.\n"
+            "The pool is checked first (the error rules of vtpool check) and not built when an\n"
+            "error is found, and checked again against the terminal's VT version once it is made\n"
+            "the terminal's own; a pool file that uses an id twice is never built.\n"
             "A description that declares languages is built in its default language, or in the one\n"
             "--language names; --partial-language writes only the objects that language changes,\n"
             "--all-languages a full and a partial pool of every language (docs/description-format.md).\n",
             QVector<Option>{Option::output("POOL.iop", "where to write the pool (a folder with --all-languages)")} +
                 Terminal_options::all() + Language_builds::options() +
-                QVector<Option>{{{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
+                QVector<Option>{{{"downgrade"}, "", "replace what the terminal's VT version lacks where an older object "
+                                                    "or value can stand for it, warning for each"},
+                                {{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
                                 {{"no-check"}, "", "build even when the checks find errors"},
-                                {{"verbose"}, "", "also show what the library said that is reported otherwise"}},
+                                {{"verbose"}, "", "also show what the library said that is reported otherwise"},
+                                Option::lenient()},
             run};
 }
 

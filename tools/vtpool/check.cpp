@@ -25,6 +25,7 @@ int run(Invocation& in)
     request.werror = in.is_set("werror");
     request.verbose = in.is_set("verbose");
     request.language = in.value("language").toUtf8();
+    request.lenient = in.is_set("lenient");
     return VT::Check::run_check(request, std::cout);
 }
 
@@ -62,7 +63,8 @@ Command check_command()
                 QVector<Option>{{{"format"}, "text|json", "one line per finding (text), or one JSON document"},
                                 {{"werror"}, "", "exit with status 1 on warnings too"},
                                 Invocation::language_option(),
-                                {{"verbose"}, "", "also show what the library said that is reported otherwise"}},
+                                {{"verbose"}, "", "also show what the library said that is reported otherwise"},
+                                Option::lenient()},
             run};
 }
 
