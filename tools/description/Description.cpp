@@ -586,7 +586,7 @@ void Description::report_unused(const Xml_element* e)
 {
     if (e == root.get()) {
         for (const auto& a : e->attributes)
-            if (a.key != "mask_size" && a.key != "key_size")
+            if (!a.used && a.key != "mask_size" && a.key != "key_size")
                 warning(e, QStringLiteral("attribute '%1' of <object_pool> is not used").arg(QString::fromUtf8(a.key)));
     } else if (e->name != "colour")
         for (const auto& a : e->attributes)
@@ -601,6 +601,44 @@ void Description::report_unused(const Xml_element* e)
             }
     for (const auto& c : e->children)
         report_unused(c.get());
+}
+
+void Description::read_translations()
+{
+    auto find = [this](const QByteArray& text) -> Xml_element* {
+        bool negative = false;
+        quint64 id = 0;
+        if (Values::parse_integer(text, negative, id))
+            return negative || id >= VT_obj::NULL_ID ? nullptr : by_id.value(uint16_t(id), nullptr);
+        return by_name.value(text, nullptr);
+    };
+    QStringList found;
+    texts.read(*root, object_elements, find, file, found);
+    for (const QString& p : found)
+        if (!problem_list.contains(p))
+            problem_list.append(p);
+    const QList<QByteArray>& codes = texts.languages();
+    if (!language.isEmpty() && !codes.contains(language))
+        problem(root.get(), codes.isEmpty()
+                                ? QStringLiteral("there is no '%1' text: the description declares no languages "
+                                                 "(languages=\"en de\" on <object_pool>)")
+                                      .arg(QString::fromUtf8(language))
+                                : QStringLiteral("'%1' is not among the description's languages (%2)")
+                                      .arg(QString::fromUtf8(language), QString::fromUtf8(codes.join(' '))));
+}
+
+void Description::apply_language()
+{
+    if (language.isEmpty() || language == texts.default_language())
+        return;
+    for (const Translations::Object_texts& o : texts.objects()) {
+        QByteArray bytes;
+        if (texts.bytes_in(o, language, bytes))
+            o.element->supply("string", bytes, true);
+        else if (Translations::translatable(o.default_text))
+            warning(o.element, QStringLiteral("'%1' has no '%2' text; the default \"%3\" is used")
+                                   .arg(QString::fromUtf8(o.name), QString::fromUtf8(language), o.default_text));
+    }
 }
 
 bool Description::build(Object_pool& target)
@@ -618,11 +656,13 @@ bool Description::build(Object_pool& target)
     for (const auto& c : root->children)
         collect(c.get(), 1);
     assign_ids();
+    read_translations();
     if (!problem_list.isEmpty())
         return false;
 
     for (Xml_element* e : object_elements)
         prepare_values(e);
+    apply_language();
     for (Xml_element* e : object_elements) {
         const Object_factory::Entry* entry = Object_factory::find(e->name);
         VT_obj* obj = pool->create(*entry, make_node(e));

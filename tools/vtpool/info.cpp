@@ -16,6 +16,7 @@ int run(Invocation& in)
     VT::Check::Loaded loaded;
     if (!in.load(pool, false, nullptr, &loaded))
         return PROBLEM;
+    print_languages(loaded, in.value("language").toUtf8(), std::cout);
     VT::Report::info(pool, std::cout);
     // The lowest VT version the pool needs, and which objects and attributes decide it.
     VT::Check::Options options;
@@ -36,7 +37,8 @@ Command info_command()
             {"POOL"},
             "Objects and bytes per type, the largest objects, and the lowest VT version the pool\n"
             "needs with the objects and attributes that decide it.\n",
-            {{{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient()},
+            {Invocation::language_option(), {{"verbose"}, "", "also show what the library said that is reported otherwise"},
+             Option::lenient()},
             run};
 }
 

@@ -155,7 +155,8 @@ Command render_command()
                             {{"mask"}, "NAME|ID", "draw this data, alarm or window mask instead"},
                             {{"object"}, "NAME|ID", "draw this object alone, at its own size"},
                             {{"all"}, "", "draw every mask into DIR, with an index.html showing them"},
-                            {{"scale"}, "N", "enlarge N times (each pixel repeated; 1-16, default 1)"}} +
+                            {{"scale"}, "N", "enlarge N times (each pixel repeated; 1-16, default 1)"},
+                            Invocation::language_option()} +
                 Terminal_options::only({"colours", "mask-size", "key-size", "soft-keys", "small-fonts", "large-fonts",
                                         "font-styles"}) +
                 QVector<Option>{Option::lenient()},
