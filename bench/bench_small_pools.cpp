@@ -84,7 +84,8 @@ int objects_in(const QByteArray& bytes)
 
 void report_reads(benchmark::State& state, const QByteArray& bytes, int objects)
 {
-    bench::report(state, bytes.size(), objects);
+    if (objects > 0)
+        bench::report(state, bytes.size(), objects);
     // Seconds per read, printed with its unit prefix (1.2u is 1.2 us).
     state.counters["time/read"] =
         benchmark::Counter(double(state.iterations()), benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
