@@ -14,7 +14,7 @@ seconds=${1:-60}
 VT_CORE_WITH_FUZZ=1 scripts/setup.sh
 
 build=${VT_CORE_FUZZ_BUILD:-build-fuzz}
-read -r -a targets <<<"${VT_CORE_FUZZ_TARGETS:-fuzz_pool_file fuzz_object fuzz_description fuzz_picture fuzz_render fuzz_check fuzz_describe}"
+read -r -a targets <<<"${VT_CORE_FUZZ_TARGETS:-fuzz_pool_file fuzz_object fuzz_description fuzz_picture fuzz_render fuzz_check fuzz_describe fuzz_terminal_file fuzz_text_table}"
 CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="-O1 -g" \
   -DVT_CORE_TESTS=OFF -DVT_CORE_FUZZ=ON >/dev/null
 cmake --build "$build" -j"$(nproc)" --target fuzz_targets
@@ -25,11 +25,13 @@ export QT_QPA_PLATFORM=offscreen
 
 starts="$build/starts"
 rm -rf "$starts"
-mkdir -p "$starts"/{fuzz_pool_file,fuzz_object,fuzz_description,fuzz_picture,fuzz_render,fuzz_check,fuzz_describe} "$build/artifacts"
+mkdir -p "$starts"/{fuzz_pool_file,fuzz_object,fuzz_description,fuzz_picture,fuzz_render,fuzz_check,fuzz_describe,fuzz_terminal_file,fuzz_text_table} "$build/artifacts"
 inputs=(examples/*.xml)
 cp examples/*.xml "$starts/fuzz_description/"
+cp examples/texts/*.txt "$starts/fuzz_text_table/"
 # The check starts from the examples, the real pools and the pools the check's tests break.
 cp examples/*.xml tests/data/check/* "$starts/fuzz_check/"
+cp examples/terminals/* "$starts/fuzz_terminal_file/"
 pools=${VT_SHARED_POOLS_DIR:-../shared/pools}
 if [ -d "$pools" ]; then
   for f in "$pools"/*; do

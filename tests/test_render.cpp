@@ -7,11 +7,12 @@
 
 #include "test_support.h"
 #include "tools/description/Description.h"
-#include "tools/render/Colour_reduction.h"
+#include "tools/terminal/Colour_reduction.h"
 #include "tools/render/Png_writer.h"
 #include "tools/render/Renderer.h"
 #include "tools/render/Text.h"
 
+using namespace VT;
 using namespace VT::Render;
 
 namespace {

@@ -12,7 +12,7 @@
 #include "test_support.h"
 #include "tool_test_support.h"
 #include "tools/pool/Pool_loader.h"
-#include "tools/render/Colour_reduction.h"
+#include "tools/terminal/Colour_reduction.h"
 #include "tools/render/Png_writer.h"
 #include "tools/render/Renderer.h"
 
@@ -92,7 +92,7 @@ TEST(RenderPools, EveryMaskAndObjectOfTheRealPoolsAndExamplesDraws)
             Renderer renderer(terminal, pool);
             QSet<uint32_t> allowed;
             for (int i = 0; i < colours; ++i)
-                allowed.insert(VT::Render::terminal_rgb(uint8_t(i), 256));
+                allowed.insert(VT::terminal_rgb(uint8_t(i), 256));
             const QVector<VT::VT_obj*> masks = Renderer::masks(pool);
             EXPECT_FALSE(masks.isEmpty());
             for (VT::VT_obj* mask : masks) {
@@ -178,6 +178,6 @@ TEST(RenderPools, VtpoolRenderDrawsMasksAndObjectsOrSaysWhatItCannotFind)
     // Bad usage: status 2.
     for (const QStringList& args : {QStringList{"--all"}, QStringList{"--scale", "0"}, QStringList{"--colours", "8"},
                                     QStringList{"--mask", "work", "--object", "title"},
-                                    QStringList{"--key-size", "60"}, QStringList{"--soft-keys", "65"}})
+                                    QStringList{"--key-size", "0x60"}, QStringList{"--soft-keys", "65"}})
         EXPECT_EQ(vtpool(QStringList{"render", example} + args).status, 2) << args.join(" ").toStdString();
 }

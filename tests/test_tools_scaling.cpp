@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "process_support.h"
 #include "test_support.h"
 #include "tools/description/Description.h"
 #include "tools/pool/Pool_file.h"
@@ -159,5 +160,47 @@ TEST(ToolsScaling, VtpoolScalesEachAreaByItsOwnRatio)
         QFile scaled(file("scaled.iop"));
         ASSERT_TRUE(scaled.open(QIODevice::ReadOnly));
         EXPECT_EQ(scaled.readAll(), want) << input;
+    }
+}
+
+TEST(ToolsScaling, AnObjectDrawnInBothAreasIsNamedOnceWithTheAreaItIsScaledFor)
+{
+    // One font for a data-mask text and the texts of two keys: reached from both areas, three
+    // times over.
+    const char* const shared = R"(<object_pool>
+  <Data_mask name="dm" soft_key_mask="skm">
+    <place object="label" x_location="0" y_location="0"/>
+  </Data_mask>
+  <Output_string name="label" width="80" height="20" font_attributes="font" string="a"/>
+  <Soft_key_mask name="skm"><ref object="k1"/><ref object="k2"/></Soft_key_mask>
+  <Key name="k1" key_code="1"><place object="t1" x_location="0" y_location="0"/></Key>
+  <Key name="k2" key_code="2"><place object="t2" x_location="0" y_location="0"/></Key>
+  <Output_string name="t1" width="50" height="40" font_attributes="font" string="b"/>
+  <Output_string name="t2" width="50" height="40" font_attributes="font" string="c"/>
+  <Font_attributes name="font" font_size="3"/>
+</object_pool>)";
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString xml = tmp.filePath("shared.xml"), iop = tmp.filePath("shared.iop");
+    QFile f(xml);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(shared) > 0);
+    f.close();
+    ASSERT_EQ(test::vtpool({"build", xml, "-o", iop, "--no-check"}).status, 0);
+    const QStringList scaling{"--design-size", "200x200", "--mask-size", "400", "--design-key-size", "60x60",
+                              "--key-size", "90", "--no-check"};
+    struct
+    {
+        QString input, where;
+    } const inputs[] = {{xml, xml + ":11: "}, {iop, QString()}};
+    for (const auto& in : inputs) {
+        SCOPED_TRACE(in.input.toStdString());
+        const test::Outcome r = test::vtpool(QStringList{"build", in.input, "-o", tmp.filePath("out.iop")} + scaling);
+        EXPECT_EQ(r.status, 0) << r.err.toStdString();
+        EXPECT_FALSE(r.err.contains("WARNING")) << "the library's own lines stay back: " << r.err.toStdString();
+        const QString font = in.where.isEmpty() ? QStringLiteral("'Font_attributes_") : QStringLiteral("'font' (Font_attributes");
+        EXPECT_EQ(r.err.count(font), 1) << r.err.toStdString();
+        EXPECT_TRUE(r.err.contains(in.where + font)) << r.err.toStdString();
+        EXPECT_TRUE(r.err.contains("drawn both on a soft key and in the data mask: scaled, it takes the data-mask ratio only"))
+            << r.err.toStdString();
     }
 }

@@ -7,13 +7,16 @@
 namespace VT {
 namespace Check {
 
-Loaded load(const QString& path, Object_pool& pool, bool verbose)
+Loaded load(const QString& path, Object_pool& pool, bool verbose, bool lenient, const QByteArray& language)
 {
     Loaded l;
     Pool_file::Read_report report;
     report.keep_duplicate_ids = true;
-    l.ok = Pool_loader::load(path, pool, l.problems, l.warnings, verbose, &l.is_description, &report);
+    Language_choice languages{language, nullptr};
+    l.ok = Pool_loader::load(path, pool, l.problems, l.warnings, verbose, &l.is_description, &report, lenient,
+                             &languages);
     l.source.file = path;
+    l.source.translations = languages.translations;
     if (!l.is_description)
         l.source.offsets = report.offsets;
     l.duplicates = report.duplicate_ids;
@@ -23,7 +26,7 @@ Loaded load(const QString& path, Object_pool& pool, bool verbose)
 int run_check(const Check_request& request, std::ostream& out)
 {
     Object_pool pool;
-    const Loaded loaded = load(request.path, pool, request.verbose);
+    const Loaded loaded = load(request.path, pool, request.verbose, request.lenient, request.language);
     Result r;
     if (loaded.ok)
         r = check(pool, loaded.source, request.options);

@@ -25,7 +25,10 @@ struct Loaded
 
 // Loads a description or pool file. Objects of pool files whose id is taken stay in the pool
 // (see Object_pool::add_duplicate) so that they can be shown and checked.
-Loaded load(const QString& path, Object_pool& pool, bool verbose);
+// `lenient`: values of a description outside their range are warnings (and clamped). A
+// description is built in `language` (empty: its default language).
+Loaded load(const QString& path, Object_pool& pool, bool verbose, bool lenient = false,
+            const QByteArray& language = QByteArray());
 
 struct Check_request
 {
@@ -34,6 +37,8 @@ struct Check_request
     bool json = false;
     bool werror = false; // warnings make the exit status 1 too
     bool verbose = false;
+    QByteArray language; // a description's language to check in; empty: its default
+    bool lenient = false;
 };
 // The check command: loads, checks and reports on `out`; returns the exit status (0 clean,
 // 1 errors, or warnings with werror; a pool that does not load counts as an error).

@@ -3,7 +3,9 @@
 
 #include <QString>
 #include <QVector>
+#include <memory>
 
+#include "tools/description/Translations.h"
 #include "tools/pool/Object_pool.h"
 
 // Checks a pool against what a terminal expects of it, without a terminal: every rule of
@@ -49,6 +51,8 @@ struct Source
     // Pool files: the byte offset of each object, in pool order. Empty for descriptions,
     // whose objects know their own line.
     QVector<int> offsets;
+    // A description's languages and texts; null for pool files.
+    std::shared_ptr<const Translations> translations;
 };
 
 struct Options

@@ -1,6 +1,7 @@
 #include "tools/check/Object_facts.h"
 
 #include <QStringList>
+#include <algorithm>
 #include <cstring>
 
 #include "vt_core.h"
@@ -314,7 +315,8 @@ const int index_fact_count = int(sizeof index_facts / sizeof index_facts[0]);
 // --- VT versions of attribute values -------------------------------------------------------
 
 const Value_version value_versions[] = {
-    {T(FONT_ATTRIBUTES), "font_style", 0x80, 4, "a proportional font (font_style bit 7)"},
+    {T(FONT_ATTRIBUTES), "font_style", Base::Font_attributes_obj::STYLE_PROPORTIONAL, 4,
+     "a proportional font (font_style bit 7)"},
     {T(OUTPUT_STRING), "options", 0x04, 4, "wrapping on hyphens (options bit 2)"},
     {T(OUTPUT_NUMBER), "options", 0x08, 4, "truncating to the field (options bit 3)"},
     {T(INPUT_NUMBER), "options", 0x08, 4, "truncating to the field (options bit 3)"},
@@ -326,6 +328,15 @@ const Value_version value_versions[] = {
     {T(BUTTON), "options", 0x20, 4, "no border (options bit 5)"},
 };
 const int value_version_count = int(sizeof value_versions / sizeof value_versions[0]);
+
+int value_version(unsigned type, const char* attribute, uint32_t bits)
+{
+    int version = 2;
+    for (const Value_version& v : value_versions)
+        if (v.type == type && (v.bits & bits) && !strcmp(v.attribute, attribute))
+            version = std::max(version, v.version);
+    return version;
+}
 
 #undef T
 

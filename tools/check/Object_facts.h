@@ -119,6 +119,9 @@ struct Value_version
 };
 extern const Value_version value_versions[];
 extern const int value_version_count;
+// The VT version from which terminals understand every one of `bits` of the attribute: the
+// latest of the entries above that name any of them, 2 when none does.
+int value_version(unsigned type, const char* attribute, uint32_t bits);
 
 }
 }

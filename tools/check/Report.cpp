@@ -79,6 +79,11 @@ void Report::text(const Result& r, const Options& options, std::ostream& os, int
     if (options.vt_version > 0)
         os << " (checked for VT version " << options.vt_version << ")";
     os << "\n";
+    needed_version(r, os, shown);
+}
+
+void Report::needed_version(const Result& r, std::ostream& os, int shown)
+{
     if (!r.needed_version)
         return;
     os << "needs VT version " << r.needed_version;

@@ -22,6 +22,8 @@ public:
     // Errors first, then warnings, a summary line, and the VT version the pool needs with what
     // decides it (at most `shown` reasons).
     static void text(const Result& r, const Options& options, std::ostream& os, int shown = 20);
+    // The VT version the pool needs with what decides it (at most `shown` reasons).
+    static void needed_version(const Result& r, std::ostream& os, int shown = 20);
     // One finding as a line of text, and its hint on a line below.
     static void text(const Finding& f, std::ostream& os);
     static QByteArray json(const QString& file, const Result& r, const Options& options);

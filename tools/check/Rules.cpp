@@ -1,5 +1,6 @@
 #include "tools/check/Rules.h"
 
+#include "tools/check/Language_rules.h"
 #include "tools/check/Rule_parts.h"
 
 namespace VT {
@@ -110,6 +111,12 @@ const std::vector<Rule>& rules()
         {"picture-size", Severity::error, "picture data fits the picture's size, format and run-length option",
          picture_size},
         {"language-code", Severity::error, "language codes are two lower-case letters", language_codes},
+        {"text-missing", Severity::warning, "every text has a translation in each language the description declares",
+         missing_texts},
+        {"language-undeclared", Severity::warning, "the working set lists every language the description has "
+                                                   "texts in", undeclared_languages},
+        {"language-without-texts", Severity::warning, "every language the working set lists or the description "
+                                                      "declares has texts", languages_without_texts},
         {"key-code", Severity::warning, "the keys of a soft key mask have key codes of their own", key_codes},
         {"unreachable", Severity::warning, "every object is reached from the working set, a mask, a macro or an "
                                            "auxiliary object", unreachable},

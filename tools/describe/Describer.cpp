@@ -3,11 +3,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QTemporaryDir>
 #include <iostream>
 #include <sstream>
 
+#include "tools/output/Output_file.h"
 #include "tools/pool/Labels.h"
 #include "tools/pool/Pool_file.h"
 #include "tools/pool/Pool_loader.h"
@@ -165,17 +165,17 @@ bool Describer::describe(Object_pool& pool, const QByteArray& expected, const Op
 }
 
 bool Describer::load_named(const QString& path, const Object_names::By_id& names, Object_pool& pool,
-                           QStringList& problems, QStringList& warnings)
+                           QStringList& problems, QStringList& warnings, bool lenient)
 {
     bool is_description = false;
     if (names.isEmpty()) {
         // A description names everything already.
         QFile f(path);
         if (f.open(QIODevice::ReadOnly) && Pool_loader::looks_like_description(path, f.read(64)))
-            return Pool_loader::load(path, pool, problems, warnings, false, &is_description);
+            return Pool_loader::load(path, pool, problems, warnings, false, &is_description, nullptr, lenient);
     }
     Object_pool read;
-    if (!Pool_loader::load(path, read, problems, warnings, false, &is_description))
+    if (!Pool_loader::load(path, read, problems, warnings, false, &is_description, nullptr, lenient))
         return false;
     QByteArray expected = Pool_file::write(read);
     if (!is_description) {
@@ -199,9 +199,9 @@ bool Describer::save(const Written_description& text, const QString& folder, QSt
             problems.append(QStringLiteral("cannot create the folder of '%1'").arg(path));
             return false;
         }
-        QSaveFile out(path);
-        if (!out.open(QIODevice::WriteOnly) || out.write(f.bytes) != f.bytes.size() || !out.commit()) {
-            problems.append(QStringLiteral("cannot write '%1': %2").arg(path, out.errorString()));
+        QString error;
+        if (!Output_file::write_file(path, f.bytes, &error)) {
+            problems.append(error);
             return false;
         }
     }

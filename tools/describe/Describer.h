@@ -29,9 +29,10 @@ public:
                          Object_pool* built = nullptr);
 
     // Loads a description or pool file as describe names its objects: a description as it is,
-    // a pool file through its description, so that references carry names.
+    // a pool file through its description, so that references carry names. `lenient`: values
+    // of a description outside their range are warnings (and clamped) rather than problems.
     static bool load_named(const QString& path, const Object_names::By_id& names, Object_pool& pool,
-                           QStringList& problems, QStringList& warnings);
+                           QStringList& problems, QStringList& warnings, bool lenient = false);
 
     // Where the bytes of `pool` first part from `expected`: the object and attribute.
     static QString first_difference(Object_pool& pool, const QByteArray& expected);

@@ -61,7 +61,12 @@ const struct
     {"Code_plane_range", {"first_char", "last_char"}},
     {"Editable", {"object"}},
     {"colour", {"name", "value"}},
-    {"object_pool", {"mask_size", "key_size"}},
+    {"object_pool", {"mask_size", "key_size", "languages", "texts"}},
+    // Texts that may become longer in a translation (Translations).
+    {"Output_string", {"grow"}},
+    {"Input_string", {"grow"}},
+    {"String_variable", {"grow"}},
+    {"Input_attributes", {"grow"}},
 };
 
 int distance(const QByteArray& a, const QByteArray& b)

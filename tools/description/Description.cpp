@@ -6,6 +6,8 @@
 #include <QImage>
 #include <cstring>
 #include <memory>
+#include <limits>
+#include <type_traits>
 
 #include "tools/description/Attribute_names.h"
 #include "tools/description/Values.h"
@@ -353,8 +355,9 @@ void Description::read_values(Library_output& said)
         done.insert(e);
         said.set_context([this, e]() { return where(e) + QStringLiteral(": ") + object_label(e->object); });
         e->object->set_by_spec(area);
+        const QSet<QString> reported = check_ranges(e);
         if (said.any())
-            hear(said, e, object_label(e->object));
+            hear(said, e, object_label(e->object), reported);
     };
     QVector<Xml_element*> built;
     for (Xml_element* e : object_elements)
@@ -383,17 +386,106 @@ void Description::read_values(Library_output& said)
             process(e, SCALE_AREA_NONE);
 }
 
-void Description::hear(Library_output& said, const Xml_element* e, const QString& who)
+void Description::hear(Library_output& said, const Xml_element* e, const QString& who, const QSet<QString>& ranges)
 {
     for (const Library_output::Line& line : said.take()) {
         const QString clamp = Library_output::clamp_detail(line.text);
         const QString text = clamp.isEmpty() ? line.text : clamp;
         const QString about = who.isEmpty() ? text : who + QStringLiteral(": ") + text;
-        if (line.chatter || Library_output::restated_by_tool(line.text))
+        // A clamp of a value check_ranges reported is said in the description's own words.
+        const bool range_reported = !clamp.isEmpty() && ranges.contains(clamp.section('\'', 1, 1));
+        if (line.chatter || Library_output::restated_by_tool(line.text) || range_reported)
             note_list.append(where(e) + QStringLiteral(": ") + about);
         else
             warning(e, about);
     }
+}
+
+namespace {
+
+// A numeric attribute's range and the range of its type (a colour is a byte); false for
+// other attributes.
+struct Range
+{
+    qint64 min, max;        // the attribute's
+    qint64 type_min, type_max;
+};
+
+template <class T, Attribute::atype A>
+bool numeric_range(Attribute* a, Range& r)
+{
+    auto* n = dynamic_cast<Attribute_numbers_template<T, A>*>(a);
+    if (!n)
+        return false;
+    // 64-bit values are compared up to the largest signed value.
+    const qint64 top = std::numeric_limits<qint64>::max();
+    r.min = qint64(n->get_min());
+    r.type_min = qint64(std::numeric_limits<T>::min());
+    if constexpr (std::is_same<T, uint64_t>::value) {
+        r.max = n->get_max() > uint64_t(top) ? top : qint64(n->get_max());
+        r.type_max = top;
+    } else {
+        r.max = qint64(n->get_max());
+        r.type_max = qint64(std::numeric_limits<T>::max());
+    }
+    return true;
+}
+
+bool range_of(Attribute* a, Range& r)
+{
+    return numeric_range<uint8_t, Attribute::ATTR_UINT8>(a, r) || numeric_range<uint16_t, Attribute::ATTR_UINT16>(a, r) ||
+           numeric_range<uint32_t, Attribute::ATTR_UINT32>(a, r) || numeric_range<uint64_t, Attribute::ATTR_UINT64>(a, r) ||
+           numeric_range<int8_t, Attribute::ATTR_INT8>(a, r) || numeric_range<int16_t, Attribute::ATTR_INT16>(a, r) ||
+           numeric_range<int32_t, Attribute::ATTR_INT32>(a, r) || numeric_range<int64_t, Attribute::ATTR_INT64>(a, r);
+}
+
+// Whether the text's value lies in [min, max].
+bool within(bool negative, quint64 magnitude, qint64 min, qint64 max)
+{
+    if (negative)
+        return min < 0 && magnitude <= quint64(-(min + 1)) + 1;
+    return max >= 0 && magnitude <= quint64(max);
+}
+
+}
+
+// The library clamps a value outside its attribute's range (and cuts a colour number to its
+// low byte): a description names where it gave one. Returns the names of the attributes
+// reported.
+QSet<QString> Description::check_ranges(Xml_element* e)
+{
+    QSet<QString> reported;
+    VT_obj* obj = e->object;
+    for (uint16_t i = 0; i < obj->get_num_every_attribute(); ++i) {
+        Attribute* a = obj->get_every_attribute(i);
+        const QByteArray* text = a && a->name ? e->attribute(a->name) : nullptr;
+        Range r{};
+        bool negative = false;
+        quint64 magnitude = 0;
+        if (!text || !range_of(a, r) || !Values::parse_integer(*text, negative, magnitude) ||
+            within(negative, magnitude, r.min, r.max))
+            continue;
+        // A number too wide for the attribute's type was reported when it was read; a colour is
+        // read as text and cut to its low byte.
+        const bool colour = a->get_type() == Attribute::ATTR_COLOUR;
+        if (!colour && !within(negative, magnitude, r.type_min, r.type_max))
+            continue;
+        const qint64 clamped = negative ? r.min : r.max;
+        const QString what = QStringLiteral("'%1' of <%2 name='%3'> is %4, outside its range %5 to %6")
+                                 .arg(QString::fromUtf8(a->name), QString::fromUtf8(e->name),
+                                      QString::fromUtf8(obj->get_name()), QString::fromUtf8(text->trimmed()))
+                                 .arg(r.min)
+                                 .arg(r.max);
+        reported.insert(QString::fromUtf8(a->name));
+        if (!lenient) {
+            problem(e, what + " (--lenient takes the nearest value in range)");
+            continue;
+        }
+        warning(e, what + QStringLiteral("; taken as %1").arg(clamped));
+        if (auto* c = colour ? dynamic_cast<Attribute_uint8*>(a) : nullptr)
+            *c = uint8_t(clamped);
+    }
+    return reported;
 }
 
 namespace {
@@ -493,7 +585,7 @@ void Description::report_unused(const Xml_element* e)
 {
     if (e == root.get()) {
         for (const auto& a : e->attributes)
-            if (a.key != "mask_size" && a.key != "key_size")
+            if (!a.used && a.key != "mask_size" && a.key != "key_size")
                 warning(e, QStringLiteral("attribute '%1' of <object_pool> is not used").arg(QString::fromUtf8(a.key)));
     } else if (e->name != "colour")
         for (const auto& a : e->attributes)
@@ -508,6 +600,44 @@ void Description::report_unused(const Xml_element* e)
             }
     for (const auto& c : e->children)
         report_unused(c.get());
+}
+
+void Description::read_translations()
+{
+    auto find = [this](const QByteArray& text) -> Xml_element* {
+        bool negative = false;
+        quint64 id = 0;
+        if (Values::parse_integer(text, negative, id))
+            return negative || id >= VT_obj::NULL_ID ? nullptr : by_id.value(uint16_t(id), nullptr);
+        return by_name.value(text, nullptr);
+    };
+    QStringList found;
+    texts.read(*root, object_elements, find, file, found);
+    for (const QString& p : found)
+        if (!problem_list.contains(p))
+            problem_list.append(p);
+    const QList<QByteArray>& codes = texts.languages();
+    if (!language.isEmpty() && !codes.contains(language))
+        problem(root.get(), codes.isEmpty()
+                                ? QStringLiteral("there is no '%1' text: the description declares no languages "
+                                                 "(languages=\"en de\" on <object_pool>)")
+                                      .arg(QString::fromUtf8(language))
+                                : QStringLiteral("'%1' is not among the description's languages (%2)")
+                                      .arg(QString::fromUtf8(language), QString::fromUtf8(codes.join(' '))));
+}
+
+void Description::apply_language()
+{
+    if (language.isEmpty() || language == texts.default_language())
+        return;
+    for (const Translations::Object_texts& o : texts.objects()) {
+        QByteArray bytes;
+        if (texts.bytes_in(o, language, bytes))
+            o.element->supply("string", bytes, true);
+        else if (Translations::translatable(o.default_text))
+            warning(o.element, QStringLiteral("'%1' has no '%2' text; the default \"%3\" is used")
+                                   .arg(QString::fromUtf8(o.name), QString::fromUtf8(language), o.default_text));
+    }
 }
 
 bool Description::build(Object_pool& target)
@@ -525,11 +655,13 @@ bool Description::build(Object_pool& target)
     for (const auto& c : root->children)
         collect(c.get(), 1);
     assign_ids();
+    read_translations();
     if (!problem_list.isEmpty())
         return false;
 
     for (Xml_element* e : object_elements)
         prepare_values(e);
+    apply_language();
     for (Xml_element* e : object_elements) {
         const Object_factory::Entry* entry = Object_factory::find(e->name);
         VT_obj* obj = pool->create(*entry, make_node(e));
@@ -546,8 +678,8 @@ bool Description::build(Object_pool& target)
     read_values(said);
     // Children placed by name learn their area from the masks only through their references.
     said.set_context(nullptr);
-    Scaling::propagate_areas(*pool);
-    hear(said, nullptr, QString());
+    for (const Scaling::Area_note& note : Scaling::propagate_areas(*pool))
+        warning(element_of(note.object->get_spec_node()), object_label(note.object) + ": " + note.text);
     resolve_colours();
     hear(said, nullptr, QString());
     read_host_lists();

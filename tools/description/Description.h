@@ -10,6 +10,7 @@
 #include <QVector>
 #include <memory>
 
+#include "tools/description/Translations.h"
 #include "tools/description/Xml_element.h"
 #include "tools/pool/Library_output.h"
 #include "tools/pool/Object_pool.h"
@@ -43,6 +44,14 @@ public:
     const QStringList& warnings() const { return warning_list; }
     const QStringList& library_notes() const { return note_list; }
     void set_verbose(bool on) { verbose = on; }
+    // The language whose texts build() takes (one of those the description declares); empty
+    // for the default language.
+    void set_language(const QByteArray& code) { language = code; }
+    // The description's languages and translations, once build() has read them.
+    const Translations& translations() const { return texts; }
+    // Values outside their attribute's range are problems; lenient, they are warnings and the
+    // values are clamped into the range.
+    void set_lenient(bool on) { lenient = on; }
 
     const QString& file_name() const { return file; }
     QString where(const Xml_element* e) const;
@@ -86,9 +95,15 @@ private:
     uint16_t reference_id(Xml_element* item, const QByteArray& name);
     bool root_size(const char* key, int& w, int& h);
     void report_unused(const Xml_element* e);
+    void read_translations();
+    // Gives the objects their texts in the chosen language.
+    void apply_language();
+    QSet<QString> check_ranges(Xml_element* e);
     // Files what the library said since the last call under element `e` (the root when null),
-    // about `who` (an object's label, or empty).
-    void hear(Library_output& said, const Xml_element* e, const QString& who);
+    // about `who` (an object's label, or empty); clamps of the attributes named in `ranges`
+    // were reported already.
+    void hear(Library_output& said, const Xml_element* e, const QString& who,
+              const QSet<QString>& ranges = QSet<QString>());
 
     QString file;
     QString base_dir;
@@ -103,6 +118,9 @@ private:
     QStringList warning_list;
     QStringList note_list;
     bool verbose = false;
+    QByteArray language;
+    Translations texts;
+    bool lenient = false;
 };
 
 }

@@ -1,14 +1,10 @@
 #include "tools/pictures/Picture_encoder.h"
 
+#include "tools/terminal/Colour_reduction.h"
+
 namespace VT {
 
 namespace {
-
-bool is_light(const QImage& image, int x, int y)
-{
-    QRgb p = image.pixel(x, y);
-    return qGray(p) >= 128;
-}
 
 // Whether the image is indexed on the VT palette, as vtpool writes pictures: then its indexes are
 // the picture's colours as they are. Nearest colours could not tell apart the colours the
@@ -39,44 +35,60 @@ int Picture_encoder::row_bytes(int width, format_t format)
     }
 }
 
-QByteArray Picture_encoder::pack_rows(const QImage& given, format_t format, unsigned char transparency_index)
+QByteArray Picture_encoder::pack(const QByteArray& indices, int width, int height, format_t format)
 {
-    const bool indexed = on_vt_palette(given);
-    const QImage image = indexed ? given : given.convertToFormat(QImage::Format_ARGB32);
-    const int w = image.width(), h = image.height();
-    const int stride = row_bytes(w, format);
-    // The library's reading of true-colour pixels as VT colours (-1: a transparent pixel).
-    QT_image vt_image(indexed ? QImage() : image);
-    const QVector<QRgb> table = image.colorTable();
-    QByteArray out(stride * h, '\0');
+    const int stride = row_bytes(width, format);
+    QByteArray out(stride * height, '\0');
     uint8_t* data = reinterpret_cast<uint8_t*>(out.data());
-    for (int y = 0; y < h; ++y) {
+    const uint8_t* in = reinterpret_cast<const uint8_t*>(indices.constData());
+    for (int y = 0; y < height; ++y) {
         uint8_t* row = data + y * stride;
-        for (int x = 0; x < w; ++x) {
-            int index = indexed ? image.pixelIndex(x, y) : vt_image.get_vt_pixel(x, y, -1);
-            if (indexed && qAlpha(table[index]) == 0)
-                index = -1;
-            bool transparent = index < 0;
+        const uint8_t* pixels = in + size_t(y) * size_t(width);
+        for (int x = 0; x < width; ++x) {
             switch (format) {
-            case MONOCHROME: {
-                int bit = transparent ? (transparency_index & 1) : (is_light(image, x, y) ? 1 : 0);
-                if (bit)
+            case MONOCHROME:
+                if (pixels[x] & 1)
                     row[x / 8] |= uint8_t(0x80 >> (x % 8));
                 break;
-            }
-            case FOUR_BIT_COLOUR: {
-                int nibble = transparent ? (transparency_index & 15)
-                                         : Attribute_colour::remap_colour(uint8_t(index), FOUR_BIT_COLOUR) & 15;
-                row[x / 2] |= uint8_t(x % 2 ? nibble : nibble << 4);
+            case FOUR_BIT_COLOUR:
+                row[x / 2] |= uint8_t(x % 2 ? pixels[x] & 15 : (pixels[x] & 15) << 4);
                 break;
-            }
             default:
-                row[x] = transparent ? transparency_index : uint8_t(index);
+                row[x] = pixels[x];
                 break;
             }
         }
     }
     return out;
+}
+
+QByteArray Picture_encoder::pack_rows(const QImage& given, format_t format, unsigned char transparency_index)
+{
+    const bool indexed = on_vt_palette(given);
+    const QImage image = indexed ? given : given.convertToFormat(QImage::Format_ARGB32);
+    const int w = image.width(), h = image.height();
+    const int colours = format == MONOCHROME ? 2 : format == FOUR_BIT_COLOUR ? 16 : 256;
+    // The library's reading of true-colour pixels as VT colours (-1: a transparent pixel).
+    QT_image vt_image(indexed ? QImage() : image);
+    const QVector<QRgb> table = image.colorTable();
+    QByteArray indices(w * h, '\0');
+    uint8_t* out = reinterpret_cast<uint8_t*>(indices.data());
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x) {
+            int index = indexed ? image.pixelIndex(x, y) : vt_image.get_vt_pixel(x, y, -1);
+            if (indexed && qAlpha(table[index]) == 0)
+                index = -1;
+            uint8_t& pixel = out[y * w + x];
+            if (index < 0)
+                pixel = reduce_colour(transparency_index, colours);
+            else if (colours == 256)
+                pixel = uint8_t(index);
+            else if (indexed)
+                pixel = reduce_colour(uint8_t(index), colours);
+            else
+                pixel = reduced_index(image.pixel(x, y), colours);
+        }
+    return pack(indices, w, h, format);
 }
 
 QByteArray Picture_encoder::run_length_code(const QByteArray& raw, int row_bytes)
@@ -96,14 +108,17 @@ QByteArray Picture_encoder::run_length_code(const QByteArray& raw, int row_bytes
     return out;
 }
 
+QByteArray Picture_encoder::run_length_code(const QByteArray& raw, int width, format_t format)
+{
+    // A row ends inside a repetition of a packed byte only for 1- and 4-bit pixels: there runs
+    // stay within their row.
+    return run_length_code(raw, format == EIGHT_BIT_COLOUR ? 0 : row_bytes(width, format));
+}
+
 QByteArray Picture_encoder::encode(const QImage& image, format_t format, bool run_length, unsigned char transparency_index)
 {
     QByteArray raw = pack_rows(image, format, transparency_index);
-    if (!run_length)
-        return raw;
-    // A row ends inside a repetition of a packed byte only for 1- and 4-bit pixels: there runs
-    // stay within their row.
-    return run_length_code(raw, format == EIGHT_BIT_COLOUR ? 0 : row_bytes(image.width(), format));
+    return run_length ? run_length_code(raw, image.width(), format) : raw;
 }
 
 }

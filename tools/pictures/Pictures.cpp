@@ -1,12 +1,32 @@
 #include "tools/pictures/Pictures.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QSet>
 
-#include "tools/pool/Library_output.h"
+#include "tools/output/Output_file.h"
 #include "tools/pool/Labels.h"
+#include "tools/pool/Library_output.h"
 
 namespace VT {
+
+namespace {
+
+bool write_image(const QImage& image, const QString& path, QStringList& problems)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    QString error;
+    if (!image.save(&buffer, "PNG"))
+        error = QStringLiteral("cannot encode '%1' as PNG").arg(path);
+    else if (Output_file::write_file(path, png, &error))
+        return true;
+    problems.append(error);
+    return false;
+}
+
+}
 
 QStringList Pictures::write_all(Object_pool& pool, const QString& dir, QStringList& problems, QStringList* warnings)
 {
@@ -33,9 +53,7 @@ QStringList Pictures::write_all(Object_pool& pool, const QString& dir, QStringLi
         QString path = QDir(dir).filePath(name + ".png");
         if (image.isNull())
             problems.append(QStringLiteral("'%1' (id %2) holds no picture that can be decoded").arg(name).arg(obj->get_id()));
-        else if (!image.save(path, "PNG"))
-            problems.append(QStringLiteral("cannot write '%1'").arg(path));
-        else
+        else if (write_image(image, path, problems))
             written.append(path);
     }
     return written;

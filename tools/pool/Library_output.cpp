@@ -51,6 +51,14 @@ public:
             end_line();
     }
     bool empty() const { return lines.isEmpty() && pending.empty(); }
+    // Forgets what was collected, keeping the storage.
+    void reset()
+    {
+        lines.clear();
+        pending.clear();
+        context = nullptr;
+        through = nullptr;
+    }
 
 protected:
     int_type overflow(int_type c) override
@@ -82,7 +90,16 @@ struct Library_output::State
     Debug_print::sink_t old_sink;
 };
 
-Library_output::Library_output(bool keep_chatter) : state(new State)
+namespace {
+
+// A capture is begun and ended around every pool read: the state of the last one ended on a
+// thread waits there for the next, so that a short capture allocates nothing.
+thread_local std::unique_ptr<Library_output::State> spare_state;
+
+}
+
+Library_output::Library_output(bool keep_chatter)
+    : state(spare_state ? std::move(spare_state) : std::make_unique<State>())
 {
     state->old_sink = Debug_print::get_sink();
     Line_buffer* b = &state->buffer;
@@ -100,7 +117,13 @@ Library_output::~Library_output()
     // back exactly the buffers they had, none included.
     std::cout.rdbuf(state->old_out);
     std::cerr.rdbuf(state->old_err);
-    Debug_print::set_sink(state->old_sink);
+    Debug_print::set_sink(std::move(state->old_sink));
+    if (!spare_state) {
+        state->buffer.reset();
+        state->chatter.reset();
+        state->old_sink = nullptr;
+        spare_state = std::move(state);
+    }
 }
 
 void Library_output::set_context(std::function<QString()> context)

@@ -54,8 +54,9 @@ public:
     // "context: text"
     static QString format(const Line& line);
 
-private:
     struct State;
+
+private:
     std::unique_ptr<State> state;
 };
 

@@ -63,8 +63,21 @@ void Object_pool::clear()
 {
     QVector<VT_obj*> old;
     old.swap(list);
-    for (auto& page : by_id)
-        page.reset();
+    // The entries of the objects' ids are emptied one by one; should an object's id have
+    // changed while it was held, its entry is not found so, and every page is emptied.
+    size_t emptied = 0;
+    for (VT_obj* obj : old) {
+        const uint16_t id = obj->__get_id();
+        VT_obj** page = by_id[id >> ID_PAGE_BITS];
+        if (page && page[id & (ID_PAGE_SIZE - 1)] == obj) {
+            page[id & (ID_PAGE_SIZE - 1)] = nullptr;
+            ++emptied;
+        }
+    }
+    if (emptied != indexed)
+        for (const auto& page : id_pages)
+            std::fill(page.get(), page.get() + ID_PAGE_SIZE, nullptr);
+    indexed = 0;
     by_name.clear();
     for (VT_obj* obj : old)
         destroy(obj);
@@ -105,8 +118,9 @@ void* Object_pool::Arena::allocate(size_t size)
             left = blocks[reuse].size;
             ++reuse;
         } else {
-            // Blocks of 256 KiB: a large pool needs few of them and leaves little unused.
-            const size_t block = std::max(size_t(256) << 10, size);
+            // Blocks of 16 KiB, each twice the one before up to 256 KiB: a small pool takes
+            // little, a large one needs few blocks and leaves little unused.
+            const size_t block = std::max((size_t(16) << 10) << std::min<size_t>(blocks.size(), 4), size);
             blocks.push_back({std::unique_ptr<unsigned char[]>(new unsigned char[block]), block});
             reuse = blocks.size();
             at = blocks.back().memory.get();
@@ -395,12 +409,41 @@ bool Object_pool::admit(VT_obj* obj, const char* name, size_t name_len, Naming n
     if (naming == Naming::indexed)
         by_name.insert(slot, uint32_t(list.size()));
     list.append(obj);
-    auto& page = by_id[id >> 8];
+    VT_obj**& page = by_id[id >> ID_PAGE_BITS];
     if (!page) {
-        page.reset(new VT_obj*[256]);
-        std::fill(page.get(), page.get() + 256, nullptr);
+        id_pages.emplace_back(new VT_obj*[ID_PAGE_SIZE]());
+        page = id_pages.back().get();
     }
-    page[id & 0xFF] = obj;
+    page[id & (ID_PAGE_SIZE - 1)] = obj;
+    ++indexed;
+    return true;
+}
+
+bool Object_pool::replace(VT_obj* old, VT_obj* replacement, QString* error)
+{
+    const int position = old ? list.indexOf(old) : -1;
+    if (!replacement || position < 0 || replacement->__get_id() != old->__get_id()) {
+        if (error)
+            *error = QStringLiteral("only an object of the pool can be replaced, by one of the same id");
+        discard(replacement);
+        return false;
+    }
+    // The name index finds the object at the old position by the name it holds: the name stays,
+    // but for a default name, which follows the type.
+    const char* name = old->VT_obj_base::get_name();
+    const size_t name_len = strnlen(name, VT_obj::NAME_LEN + 1);
+    if (is_default_name(name, name_len, old->__get_type(), old->__get_id())) {
+        char own[VT_obj::NAME_LEN + 1];
+        write_default_name(replacement->__get_type(), replacement->__get_id(), own);
+        replacement->set_name(own);
+    } else {
+        replacement->set_name(name);
+    }
+    replacement->set_pool_helper(&pool_helper);
+    replacement->get_list_hook(0)[0] = this;
+    list[position] = replacement;
+    by_id[old->__get_id() >> 8][old->__get_id() & 0xFF] = replacement;
+    destroy(old);
     return true;
 }
 

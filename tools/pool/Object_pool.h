@@ -91,14 +91,19 @@ public:
     VT_obj* create(const Object_factory::Entry& entry, Spec_node* spec_node = nullptr);
     // Ends an object made by create() that was not added.
     void discard(VT_obj* obj);
+    // Puts `replacement` (not yet added; it takes ownership) in the place of `old`, an object of
+    // this pool with the same id, and deletes `old`: the same place in the order, and `old`'s
+    // name, or when `old` carried its default name, the replacement's own default name. False,
+    // with the replacement discarded, when the ids differ or `old` is not in this pool.
+    bool replace(VT_obj* old, VT_obj* replacement, QString* error = nullptr);
     // Deletes every object. The storage of objects made by create() is kept for the objects
     // that follow (a host that reloads its pool reuses it); the destructor frees it.
     void clear();
 
     VT_obj* find(uint16_t id) const
     {
-        const auto& page = by_id[id >> 8];
-        return page ? page[id & 0xFF] : nullptr;
+        VT_obj* const* page = by_id[id >> ID_PAGE_BITS];
+        return page ? page[id & (ID_PAGE_SIZE - 1)] : nullptr;
     }
     VT_obj* find(const QByteArray& name) const;
     // In the order they were added (the order they are written in).
@@ -202,8 +207,13 @@ private:
     void destroy(VT_obj* obj);
 
     QVector<VT_obj*> list;
-    // Objects by id: 256 pages of 256 entries, a page made when an id of it is first used.
-    std::unique_ptr<VT_obj*[]> by_id[256];
+    // Objects by id: 256 pages of 256 entries, a page made when an id of it is first used and
+    // kept until the pool ends (clear() empties only the entries its objects used).
+    static const unsigned ID_PAGE_BITS = 8;
+    static const unsigned ID_PAGE_SIZE = 1u << ID_PAGE_BITS;
+    VT_obj** by_id[65536 / ID_PAGE_SIZE] = {};
+    std::vector<std::unique_ptr<VT_obj*[]>> id_pages; // the storage of the pages made
+    size_t indexed = 0;                                // entries set in the pages
     Name_index by_name;
     Arena arena;
     Helper pool_helper;

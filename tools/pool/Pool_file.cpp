@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <memory>
 #include <vector>
 
 #include "tools/pool/Library_output.h"
@@ -43,6 +44,40 @@ bool holds_float(const VT_obj& obj)
             return true;
     }
     return false;
+}
+
+// What reading needs to know of each plain (not extended) type, found once per process: its
+// name and the name's length, and whether its objects mark the bytes they read.
+struct Plain_type
+{
+    const char* name;
+    size_t name_len;
+    bool marks_input;
+};
+
+struct Plain_types
+{
+    Plain_type types[256];
+
+    Plain_types()
+    {
+        for (unsigned t = 0; t < 256; ++t) {
+            Plain_type& p = types[t];
+            p.name = VT_obj_type::get_type_string(VT_obj_type::type_t(t));
+            p.name_len = strnlen(p.name, VT_obj::NAME_LEN + 1);
+            p.marks_input = false;
+            if (const Object_factory::Entry* entry = Object_factory::find_for_pool(t)) {
+                std::unique_ptr<VT_obj> sample(entry->make(nullptr));
+                p.marks_input = holds_float(*sample);
+            }
+        }
+    }
+};
+
+const Plain_types& plain_types()
+{
+    static const Plain_types types;
+    return types;
 }
 
 // Reads an object that writes to its input from a copy of the first bytes of `at`. The first
@@ -94,13 +129,6 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
     if (size == 0)
         return fail(QStringLiteral("empty pool: no objects"));
 
-    struct Type_info
-    {
-        const char* text = nullptr;
-        size_t len = 0;
-        int8_t marks_input = -1; // unknown until the first object of the type
-    };
-    Type_info types[256];
     int index = 0;
     for (; offset < size; ++index) {
         int remaining = size - offset;
@@ -140,15 +168,9 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
 
         char name[VT_obj::NAME_LEN + 1];
         size_t name_len = 0;
-        Type_info* info = nullptr;
-        if (full_type < 256) {
-            // The type names of plain types are measured once per read.
-            info = &types[full_type];
-            if (!info->text) {
-                info->text = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
-                info->len = strnlen(info->text, VT_obj::NAME_LEN + 1);
-            }
-            name_len = Object_pool::write_default_name(info->text, info->len, id, name);
+        const Plain_type* plain = full_type < 256 ? &plain_types().types[full_type] : nullptr;
+        if (plain) {
+            name_len = Object_pool::write_default_name(plain->name, plain->name_len, id, name);
         } else {
             name_len = Object_pool::write_default_name(full_type, id, name);
         }
@@ -159,14 +181,7 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
             return made;
         };
         VT_obj* obj = make();
-        bool marks = false;
-        if (info) {
-            if (info->marks_input < 0)
-                info->marks_input = int8_t(holds_float(*obj));
-            marks = info->marks_input;
-        } else {
-            marks = holds_float(*obj);
-        }
+        const bool marks = plain ? plain->marks_input : holds_float(*obj);
         Iso::Deserialise_results res;
         int consumed = marks ? read_marking(pool, obj, make, at + 3, remaining - 3, scratch, &res)
                              : obj->deserialise(0, at + 3, remaining - 3, &res);

@@ -29,7 +29,8 @@ bool Pool_loader::looks_like_description(const QString& path, const QByteArray& 
 }
 
 bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& problems, QStringList& warnings,
-                       bool verbose, bool* is_description, Pool_file::Read_report* report)
+                       bool verbose, bool* is_description, Pool_file::Read_report* report, bool lenient,
+                       Language_choice* languages)
 {
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) {
@@ -45,12 +46,23 @@ bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& prob
         auto d = std::make_shared<Description>();
         pool.keep_alive(d);
         d->set_verbose(verbose);
+        d->set_lenient(lenient);
+        if (languages) {
+            d->set_language(languages->language);
+            languages->translations = std::shared_ptr<const Translations>(d, &d->translations());
+        }
         bool ok = d->parse(content, path) && d->build(pool);
         problems += d->problems();
         warnings += d->warnings();
         if (verbose)
             warnings += d->library_notes();
         return ok && problems.isEmpty();
+    }
+    if (languages && !languages->language.isEmpty()) {
+        problems.append(QStringLiteral("%1: a pool file holds its texts in one language; only a description is "
+                                       "built in '%2'")
+                            .arg(path, QString::fromUtf8(languages->language)));
+        return false;
     }
     QString error;
     Pool_file::Read_report own;

@@ -1,56 +1,61 @@
 #include "tools/render/Font.h"
 
-#include "tools/terminal/Terminal.h"
+#include "tools/terminal/Font_sizes.h"
 
 namespace VT {
 namespace Render {
 
 namespace {
 
-// Glyph sets: 0 = 5x8, 1 = 6x12, 2 = 7x14, 3 = 9x15, 4 = 10x20. Each cell gets the largest
-// base glyphs that fit it, doubled (or widened) where the cell is a multiple of a smaller one.
-const Font_metrics sizes[FONT_SIZE_COUNT] = {
-    {6, 8, 0, 1, 1},       // 6x8
-    {8, 8, 0, 1, 1},       // 8x8
-    {8, 12, 1, 1, 1},      // 8x12
-    {12, 16, 3, 1, 1},     // 12x16
-    {16, 16, 2, 2, 1},     // 16x16
-    {16, 24, 4, 1, 1},     // 16x24
-    {24, 32, 3, 2, 2},     // 24x32
-    {32, 32, 2, 4, 2},     // 32x32
-    {32, 48, 4, 2, 2},     // 32x48
-    {48, 64, 3, 4, 4},     // 48x64
-    {64, 64, 2, 8, 4},     // 64x64
-    {64, 96, 4, 4, 4},     // 64x96
-    {96, 128, 3, 8, 8},    // 96x128
-    {128, 128, 2, 16, 8},  // 128x128
-    {128, 192, 4, 8, 8},   // 128x192
+// How each size's cell is filled: the glyph set (0 = 5x8, 1 = 6x12, 2 = 7x14, 3 = 9x15,
+// 4 = 10x20) and its enlargement. Each cell gets the largest base glyphs that fit it, doubled
+// (or widened) where the cell is a multiple of a smaller one.
+const uint8_t glyphs[Font_sizes::COUNT][3] = {
+    {0, 1, 1}, // 6x8
+    {0, 1, 1}, // 8x8
+    {1, 1, 1}, // 8x12
+    {3, 1, 1}, // 12x16
+    {2, 2, 1}, // 16x16
+    {4, 1, 1}, // 16x24
+    {3, 2, 2}, // 24x32
+    {2, 4, 2}, // 32x32
+    {4, 2, 2}, // 32x48
+    {3, 4, 4}, // 48x64
+    {2, 8, 4}, // 64x64
+    {4, 4, 4}, // 64x96
+    {3, 8, 8}, // 96x128
+    {2, 16, 8}, // 128x128
+    {4, 8, 8}, // 128x192
 };
 
-bool has_size(unsigned size, const Terminal& terminal)
+struct Metrics_table
 {
-    if (size == 0)
-        return true;
-    if (size < 8)
-        return terminal.small_fonts >> size & 1;
-    return terminal.large_fonts >> (size - 8) & 1;
-}
+    Font_metrics sizes[Font_sizes::COUNT];
+    Metrics_table()
+    {
+        for (uint8_t s = 0; s < Font_sizes::COUNT; ++s) {
+            const Font_sizes::Cell c = Font_sizes::cell(s);
+            sizes[s] = {c.width, c.height, glyphs[s][0], glyphs[s][1], glyphs[s][2]};
+        }
+    }
+};
 
 }
 
 const Font_metrics& font_metrics(uint8_t size)
 {
-    return sizes[size < FONT_SIZE_COUNT ? size : 0];
+    static const Metrics_table table;
+    return table.sizes[size < Font_sizes::COUNT ? size : 0];
 }
 
-uint8_t terminal_font_size(uint8_t size, const Terminal& terminal)
+uint8_t terminal_font_size(uint8_t size, uint8_t style, const Terminal& terminal)
 {
-    if (size >= FONT_SIZE_COUNT)
-        return 0;
-    for (unsigned s = size; s > 0; --s)
-        if (has_size(s, terminal))
-            return uint8_t(s);
-    return 0;
+    // A proportional font is drawn in the cells of the fixed size of its height.
+    if (style & Font_sizes::STYLE_PROPORTIONAL)
+        size = Font_sizes::for_height(size);
+    else if (size >= Font_sizes::COUNT)
+        return Font_sizes::supported(terminal, 0);
+    return Font_sizes::supported(terminal, size);
 }
 
 }

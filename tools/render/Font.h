@@ -45,13 +45,12 @@ struct Font_metrics
     uint8_t scale_x, scale_y;
 };
 
-enum { FONT_SIZE_COUNT = 15 };
 // Font size 0 (6x8) to 14 (128x192); larger values count as 0.
 const Font_metrics& font_metrics(uint8_t size);
 
-// The font size a terminal shows for `size`: the size itself when it has it, else the largest
-// smaller size it has (6x8, size 0, always counts as present).
-uint8_t terminal_font_size(uint8_t size, const Terminal& terminal);
+// The fixed font size a terminal draws a font of this size and style in: the nearest size it
+// has (Font_sizes::supported); a proportional font in the cells of the fixed size of its height.
+uint8_t terminal_font_size(uint8_t size, uint8_t style, const Terminal& terminal);
 
 // Everything needed to draw text in one font.
 struct Font

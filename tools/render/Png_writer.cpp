@@ -1,8 +1,9 @@
 #include "tools/render/Png_writer.h"
 
 #include <QHash>
-#include <QSaveFile>
 #include <vector>
+
+#include "tools/output/Output_file.h"
 
 namespace VT {
 namespace Render {
@@ -106,26 +107,9 @@ QByteArray encode_png(const Canvas& canvas, int scale)
     return out;
 }
 
-bool write_file_atomically(const QByteArray& bytes, const QString& path, QString* error)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        if (error)
-            *error = QStringLiteral("cannot write '%1': %2").arg(path, file.errorString());
-        return false;
-    }
-    if (file.write(bytes) != bytes.size() || !file.commit()) {
-        if (error)
-            *error = QStringLiteral("writing '%1' failed: %2").arg(path, file.errorString());
-        file.cancelWriting();
-        return false;
-    }
-    return true;
-}
-
 bool write_png(const Canvas& canvas, const QString& path, int scale, QString* error)
 {
-    return write_file_atomically(encode_png(canvas, scale), path, error);
+    return Output_file::write_file(path, encode_png(canvas, scale), error);
 }
 
 }

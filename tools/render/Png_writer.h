@@ -15,11 +15,8 @@ namespace Render {
 // no time stamp or other ancillary chunk.
 QByteArray encode_png(const Canvas& canvas, int scale = 1);
 
-// Writes the PNG next to `path` under a temporary name and renames it to `path` once it is
-// complete, so that a failure never leaves a partial file. False with `error` on failure.
+// Writes the PNG as `path`, whole or not at all (Output_file). False with `error` on failure.
 bool write_png(const Canvas& canvas, const QString& path, int scale, QString* error);
-// The same for bytes already encoded (any file).
-bool write_file_atomically(const QByteArray& bytes, const QString& path, QString* error);
 
 }
 }

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "tools/pool/Object_pool.h"
-#include "tools/render/Colour_reduction.h"
 #include "tools/render/Drawing.h"
 #include "tools/render/Text.h"
+#include "tools/terminal/Colour_reduction.h"
 
 namespace VT {
 namespace Render {

@@ -34,7 +34,7 @@ Font Renderer::font(uint16_t font_attributes) const
 {
     Font f{font_metrics(0), colour(0), 0, 0};
     if (auto* a = as<Font_attributes_obj>(find(font_attributes))) {
-        f.metrics = font_metrics(terminal_font_size(a->get_font_size(), terminal));
+        f.metrics = font_metrics(terminal_font_size(a->get_font_size(), a->get_font_style(), terminal));
         f.colour = colour(a->get_font_colour());
         f.type = a->get_font_type();
         // Flashing draws steady; proportional fonts draw in their cells.

@@ -1,11 +1,10 @@
 #include "tools/render/Renderer.h"
 
-#include <QBuffer>
 #include <QImage>
-#include <QImageReader>
+#include <cstring>
 
-#include "tools/render/Colour_reduction.h"
 #include "tools/render/Drawing.h"
+#include "tools/terminal/Colour_reduction.h"
 
 namespace VT {
 namespace Render {
@@ -331,14 +330,18 @@ void Renderer::draw_png(VT_obj* obj, int x, int y)
     if (!p)
         return;
     const int w = p->get_width(), h = p->get_height();
-    // The size its header states (in the first bytes), before anything is decoded.
-    QByteArray data(int(std::min<uint32_t>(p->get_num_bytes(), 64)), '\0');
-    if (data.isEmpty() || !p->get_bytes(0, reinterpret_cast<unsigned char*>(data.data()), unsigned(data.size())))
+    // The size its header states, before anything is decoded: the signature, then the IHDR
+    // chunk (length, "IHDR", width and height big-endian).
+    unsigned char head[24];
+    if (p->get_num_bytes() < sizeof head || !p->get_bytes(0, head, sizeof head) ||
+        memcmp(head, "\x89PNG\r\n\x1a\n", 8) != 0 || memcmp(head + 12, "IHDR", 4) != 0)
         return;
-    QBuffer buffer(&data);
-    const QSize stated = QImageReader(&buffer, "PNG").size();
-    if (!stated.isValid() || uint64_t(stated.width()) * uint64_t(stated.height()) > MAX_PICTURE_PIXELS) {
-        cut_short = cut_short || stated.isValid();
+    auto big_endian = [&](int at) {
+        return uint32_t(head[at]) << 24 | uint32_t(head[at + 1]) << 16 | uint32_t(head[at + 2]) << 8 | head[at + 3];
+    };
+    const uint64_t stated_w = big_endian(16), stated_h = big_endian(20);
+    if (stated_w == 0 || stated_h == 0 || stated_w * stated_h > MAX_PICTURE_PIXELS) {
+        cut_short = cut_short || (stated_w && stated_h);
         return;
     }
     const QImage& decoded = p->get_qimage();
@@ -354,8 +357,9 @@ void Renderer::draw_png(VT_obj* obj, int x, int y)
             const uint32_t alpha = uint32_t(qAlpha(s));
             if (terminal.colours == 256) {
                 canvas->blend(c, r, alpha << 24 | (s & 0xFFFFFFu));
-            } else if (alpha >= 128) {
-                // A terminal of few colours shows each pixel in one of its colours, or not at all.
+            } else if (alpha > 0x80) {
+                // A terminal of few colours shows each pixel in one of its colours, or not at all
+                // (transparent at an alpha of 0x80 or less, as the library reads pixels).
                 canvas->plot(c, r, 0xFF000000u | reduce_rgb(s, terminal.colours));
             }
         }

@@ -1,6 +1,8 @@
 #ifndef TOOLS_TERMINAL_SCALING_H
 #define TOOLS_TERMINAL_SCALING_H
 
+#include <QString>
+#include <QVector>
 #include <cstdint>
 
 #include "tools/pool/Object_pool.h"
@@ -31,12 +33,22 @@ public:
     static Ratio mask_ratio(const Terminal& terminal, const Design_size& design);
     static Ratio key_ratio(const Terminal& terminal, const Design_size& design);
 
+    // What the library said of an object while it learned its area (an object drawn both in
+    // the data mask and on a soft key, which is scaled by one ratio only), once per object and
+    // line.
+    struct Area_note
+    {
+        VT_obj* object;
+        QString text;
+    };
     // Gives objects read from pool bytes the area they are drawn in, from the masks down.
-    static void propagate_areas(Object_pool& pool);
+    static QVector<Area_note> propagate_areas(Object_pool& pool);
 
     // Scales each object by the ratio of the area it is used in: the soft-key ratio for soft-key
     // masks, keys and what they hold, the data-mask ratio for everything else.
     static void scale(Object_pool& pool, const Ratio& mask, const Ratio& key);
+    // The ratio scale() applies to `obj`.
+    static const Ratio& ratio_for(const VT_obj& obj, const Ratio& mask, const Ratio& key);
 };
 
 }

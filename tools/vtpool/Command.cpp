@@ -5,9 +5,9 @@
 #include <iostream>
 
 #include <QFile>
-#include <QSaveFile>
 
 #include "tools/describe/Describer.h"
+#include "tools/output/Output_file.h"
 #include "tools/pool/Labels.h"
 #include "tools/pool/Pool_loader.h"
 
@@ -16,6 +16,11 @@ namespace Vtpool {
 Option Option::output(const QString& value_name, const QString& help)
 {
     return {{"o", "output"}, value_name, help, true};
+}
+
+Option Option::lenient()
+{
+    return {{"lenient"}, "", "values of a description outside their range: warn and clamp instead of failing"};
 }
 
 QString Option::spelled(const QString& name)
@@ -129,7 +134,9 @@ int Invocation::usage_error(const QString& text) const
 
 bool Invocation::load(Object_pool& pool, bool verbose, bool* is_description, VT::Check::Loaded* loaded) const
 {
-    VT::Check::Loaded l = VT::Check::load(argument(), pool, verbose || (declares("verbose") && is_set("verbose")));
+    VT::Check::Loaded l =
+        VT::Check::load(argument(), pool, verbose || (declares("verbose") && is_set("verbose")), is_set("lenient"),
+                        language.isEmpty() ? value("language").toUtf8() : language);
     for (const auto& d : l.duplicates)
         l.warnings.append(QStringLiteral("%1: %2 at offset %3 has the id of %4 at offset %5")
                               .arg(argument(), VT::object_label(pool.objects()[d.first]))
@@ -154,7 +161,7 @@ bool Invocation::load_named(Object_pool& pool, bool* is_description) const
     QStringList problems, warnings;
     VT::Object_names::By_id names;
     bool ok = !is_set("names") || VT::Object_names::read_header(value("names"), names, problems, warnings);
-    ok = ok && VT::Describer::load_named(argument(), names, pool, problems, warnings);
+    ok = ok && VT::Describer::load_named(argument(), names, pool, problems, warnings, is_set("lenient"));
     print_lines(warnings, "warning: ");
     print_lines(problems, "error: ");
     return ok;
@@ -165,13 +172,17 @@ Option Invocation::names_option()
     return {{"names"}, "IDS.h", "object names from an ID header (#define NAME ID lines)"};
 }
 
+Option Invocation::language_option()
+{
+    return {{"language"}, "CODE", "a description's texts in this language (one it declares) instead of the default"};
+}
+
 bool Invocation::write_output(const QString& path, const QByteArray& bytes)
 {
-    QSaveFile out(path);
-    if (out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.commit())
+    QString error;
+    if (VT::Output_file::write_file(path, bytes, &error))
         return true;
-    std::cerr << "error: cannot write '" << path.toStdString() << "': " << out.errorString().toStdString()
-              << std::endl;
+    std::cerr << "error: " << error.toStdString() << std::endl;
     return false;
 }
 
@@ -258,6 +269,23 @@ QString general_help()
         statuses.append(QStringLiteral("%1 %2").arg(e.status).arg(e.meaning));
     text += QStringLiteral("\n%1\nExit status: %2.\n").arg(input_note, statuses.join(", "));
     return text;
+}
+
+void print_languages(const VT::Check::Loaded& loaded, const QByteArray& built, std::ostream& out)
+{
+    const VT::Translations* t = loaded.source.translations.get();
+    if (!t || t->languages().isEmpty())
+        return;
+    QStringList shown;
+    for (const QByteArray& code : t->languages()) {
+        QStringList notes;
+        if (code == t->default_language())
+            notes.append(QStringLiteral("default"));
+        if (code == (built.isEmpty() ? t->default_language() : built))
+            notes.append(QStringLiteral("built"));
+        shown.append(QString::fromUtf8(code) + (notes.isEmpty() ? QString() : " (" + notes.join(", ") + ")"));
+    }
+    out << "languages: " << shown.join(", ").toStdString() << std::endl;
 }
 
 void print_lines(const QStringList& lines, const char* prefix)

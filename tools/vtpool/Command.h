@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
+#include <ostream>
 #include <vector>
 
 #include "tools/check/Check_tool.h"
@@ -28,6 +29,8 @@ struct Option
 
     // -o VALUE, which every command that writes a file or folder requires.
     static Option output(const QString& value_name, const QString& help);
+    // --lenient, which every command that reads a description accepts.
+    static Option lenient();
     // A name as written on the command line: "-o", "--output".
     static QString spelled(const QString& name);
     // The longest name, spelled; options are named so in messages.
@@ -82,6 +85,9 @@ public:
     // said that the tool reports in its own words is shown as well.
     bool load(Object_pool& pool, bool verbose = false, bool* is_description = nullptr,
               VT::Check::Loaded* loaded = nullptr) const;
+    // The language a description is loaded in from now on (empty: its default language, or
+    // the command's --language).
+    void set_language(const QByteArray& code) { language = code; }
     // Loads it with its objects named as describe names them (and as --names gives them, where
     // the command has that option): a pool file goes through its description, so that its
     // references carry names.
@@ -93,6 +99,8 @@ public:
 
     // The option that names objects from an ID header.
     static Option names_option();
+    // The option that chooses a description's language (docs/description-format.md).
+    static Option language_option();
 
     // Values of options: a decimal or 0x-hexadecimal number up to `max`, a size WIDTHxHEIGHT.
     static bool parse_number(const QString& text, unsigned max, unsigned& out);
@@ -105,6 +113,7 @@ private:
     QStringList args;
     QCommandLineParser parser;
     QStringList positional;
+    QByteArray language;
 };
 
 // What vtpool is, what its POOL and INPUT arguments are, and what its exit statuses mean: said
@@ -122,6 +131,10 @@ const std::vector<Exit_meaning>& exit_meanings();
 QString command_help(const Command& command);
 QString command_synopsis(const Command& command);
 QString general_help();
+
+// "languages: en (default), de (built), fr" for a description that declares languages, built
+// in `built` (empty: its default).
+void print_languages(const VT::Check::Loaded& loaded, const QByteArray& built, std::ostream& out);
 
 // Prints lines on the standard error stream, each after `prefix`.
 void print_lines(const QStringList& lines, const char* prefix = "");

@@ -1,28 +1,29 @@
 #include "tools/vtpool/Terminal_options.h"
 
+#include <iostream>
+
+#include "tools/pool/Labels.h"
+#include "tools/terminal/Terminal_adaptation.h"
+#include "tools/terminal/Terminal_file.h"
+#include "tools/terminal/Terminal_properties.h"
+
 namespace Vtpool {
 
 QVector<Option> Terminal_options::all()
 {
-    return {
-        {{"colours"}, "2|16|256", "the terminal's colours (default 256)"},
-        {{"small-fonts"}, "MASK", "small font sizes the terminal supports (bits 0-6, default 255)"},
-        {{"large-fonts"}, "MASK", "large font sizes the terminal supports (default 255)"},
-        {{"font-styles"}, "MASK", "font styles the terminal supports (default 255)"},
-        {{"vt-version"}, "N", "the VT version the terminal speaks (2-6)"},
-        {{"design-size"}, "WxH", "the data-mask size the pool was designed for"},
-        {{"mask-size"}, "N|WxH", "the terminal's data-mask size (with --design-size: scale to it)"},
-        {{"design-key-size"}, "WxH", "the soft-key size the pool was designed for"},
-        {{"key-size"}, "WxH", "the terminal's soft-key size (with --design-key-size: scale to it)"},
-        {{"soft-keys"}, "N", "the soft keys the terminal shows beside the mask (0-64, default 6)"},
-    };
+    QVector<Option> options{{{"terminal"}, "FILE", "the terminal, from an INI or JSON file (examples/terminals/)"}};
+    for (const VT::Terminal_property& p : VT::terminal_properties())
+        options.append({{p.name}, p.value_name, p.help});
+    options.append({{"design-size"}, "WxH", "the data-mask size the pool was designed for (scales to --mask-size)"});
+    options.append({{"design-key-size"}, "WxH", "the soft-key size the pool was designed for (scales to --key-size)"});
+    return options;
 }
 
 QVector<Option> Terminal_options::only(const QStringList& names)
 {
     QVector<Option> chosen;
     for (const Option& o : all())
-        if (names.contains(o.names.first()))
+        if (o.names.first() == "terminal" || names.contains(o.names.first()))
             chosen.append(o);
     return chosen;
 }
@@ -37,85 +38,63 @@ bool Terminal_options::read(const Invocation& in, Target& target)
     for (const Option& o : all())
         target.named = target.named || in.is_set(o.names.first());
 
-    if (in.is_set("colours")) {
-        const QString c = in.value("colours");
-        if (c != "2" && c != "16" && c != "256")
-            return fail("--colours takes 2, 16 or 256");
-        t.colours = c.toInt();
+    // The file first: the options given beside it override what it says.
+    QStringList in_file;
+    if (in.is_set("terminal")) {
+        QString error;
+        if (!VT::Terminal_file::load(in.value("terminal"), t, &error, &in_file))
+            return fail(error);
     }
-    struct Mask_option
-    {
-        const char* name;
-        uint8_t* field;
-    } masks[] = {{"small-fonts", &t.small_fonts}, {"large-fonts", &t.large_fonts}, {"font-styles", &t.font_styles}};
-    for (const Mask_option& m : masks)
-        if (in.is_set(m.name)) {
-            unsigned v = 0;
-            if (!Invocation::parse_number(in.value(m.name), 255, v))
-                return fail(QStringLiteral("--%1 takes a mask from 0 to 255").arg(m.name));
-            *m.field = uint8_t(v);
-        }
-    if (in.is_set("vt-version")) {
-        unsigned version = 0;
-        if (!Invocation::parse_number(in.value("vt-version"), 255, version) || version < 2)
-            return fail("--vt-version takes a VT version such as 3 or 6");
-        t.vt_version = int(version);
-    }
+    for (const VT::Terminal_property& p : VT::terminal_properties())
+        if (in.is_set(p.name) && !p.set(t, in.value(p.name)))
+            return fail(QStringLiteral("--%1 %2").arg(p.name, p.takes));
+    const QString problem = VT::terminal_problem(t);
+    if (!problem.isEmpty())
+        return fail(problem);
 
     // A command that scales asks for both sizes of an area: the terminal's and the designed one.
-    if (in.declares("design-size") && in.is_set("mask-size") != in.is_set("design-size"))
-        return fail("--mask-size and --design-size go together");
-    if (in.declares("design-key-size") && in.is_set("key-size") != in.is_set("design-key-size"))
-        return fail("--key-size and --design-key-size go together");
-    if (in.is_set("mask-size")) {
+    struct Area
+    {
+        const char* terminal_size;
+        const char* design_size;
+        uint16_t *width, *height;
+    } const areas[] = {{"mask-size", "design-size", &target.design.mask_width, &target.design.mask_height},
+                       {"key-size", "design-key-size", &target.design.key_width, &target.design.key_height}};
+    for (const Area& a : areas) {
+        if (!in.declares(a.design_size))
+            continue;
+        const bool terminal_given = in.is_set(a.terminal_size) || in_file.contains(a.terminal_size);
+        if (in.is_set(a.design_size) && !terminal_given)
+            return fail(QStringLiteral("--%1 needs the terminal's --%2 (or %2 in --terminal FILE)")
+                            .arg(a.design_size, a.terminal_size));
+        if (in.is_set(a.terminal_size) && !in.is_set(a.design_size))
+            return fail(QStringLiteral("--%1 and --%2 go together").arg(a.terminal_size, a.design_size));
+        if (!in.is_set(a.design_size))
+            continue;
         unsigned w = 0, h = 0;
-        const QString size = in.value("mask-size");
-        if (Invocation::parse_number(size, 8192, w) && w > 0)
-            h = w;
-        else if (!Invocation::parse_size(size, w, h) || w > 8192 || h > 8192)
-            return fail("--mask-size takes the data-mask size in pixels: N or WIDTHxHEIGHT (at most 8192)");
-        t.data_mask_width = uint16_t(w);
-        t.data_mask_height = uint16_t(h);
-    }
-    if (in.is_set("design-size")) {
-        unsigned w = 0, h = 0;
-        if (!Invocation::parse_size(in.value("design-size"), w, h))
-            return fail("--design-size takes WIDTHxHEIGHT");
-        target.design.mask_width = uint16_t(w);
-        target.design.mask_height = uint16_t(h);
-    }
-    if (in.is_set("key-size")) {
-        unsigned w = 0, h = 0;
-        if (!Invocation::parse_size(in.value("key-size"), w, h) || w > 8192 || h > 8192)
-            return fail("--key-size takes WIDTHxHEIGHT (at most 8192)");
-        t.key_width = uint16_t(w);
-        t.key_height = uint16_t(h);
-    }
-    if (in.is_set("design-key-size")) {
-        unsigned w = 0, h = 0;
-        if (!Invocation::parse_size(in.value("design-key-size"), w, h))
-            return fail("--design-key-size takes WIDTHxHEIGHT");
-        target.design.key_width = uint16_t(w);
-        target.design.key_height = uint16_t(h);
-    }
-    if (in.is_set("soft-keys")) {
-        unsigned n = 0;
-        if (!Invocation::parse_number(in.value("soft-keys"), 64, n))
-            return fail("--soft-keys takes a number from 0 to 64");
-        t.physical_soft_keys = uint8_t(n);
+        if (!VT::parse_terminal_size(in.value(a.design_size), 65535, w, h, false))
+            return fail(QStringLiteral("--%1 takes WIDTHxHEIGHT").arg(a.design_size));
+        *a.width = uint16_t(w);
+        *a.height = uint16_t(h);
     }
     return true;
 }
 
-void Terminal_options::scale(Object_pool& pool, const Target& target, bool is_description)
+bool Terminal_options::adapt(Object_pool& pool, const Target& target, bool is_description, bool downgrade)
 {
-    const VT::Scaling::Ratio mask_ratio = VT::Scaling::mask_ratio(target.terminal, target.design);
-    const VT::Scaling::Ratio key_ratio = VT::Scaling::key_ratio(target.terminal, target.design);
-    if (!mask_ratio.active && !key_ratio.active)
-        return;
-    if (!is_description)
-        VT::Scaling::propagate_areas(pool);
-    VT::Scaling::scale(pool, mask_ratio, key_ratio);
+    QStringList problems, warnings;
+    if (!is_description && (target.design.mask_width || target.design.key_width))
+        for (const VT::Scaling::Area_note& note : VT::Scaling::propagate_areas(pool))
+            warnings.append(VT::object_label(note.object) + ": " + note.text);
+    VT::Terminal_adaptation::Options options;
+    options.design = target.design;
+    options.downgrade = downgrade;
+    const bool adapted = VT::Terminal_adaptation::adapt(pool, target.terminal, options, problems, warnings);
+    print_lines(warnings, "warning: ");
+    print_lines(problems, "error: ");
+    if (!adapted)
+        std::cerr << "error: the pool cannot be made one this terminal loads; nothing written" << std::endl;
+    return adapted;
 }
 
 }

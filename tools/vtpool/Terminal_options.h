@@ -17,11 +17,12 @@ struct Target
 };
 
 // The options that describe the terminal a pool is meant for, declared once for every command
-// that targets one.
+// that targets one: --terminal FILE, one option per terminal property (tools/terminal/
+// Terminal_properties.h) overriding the file, and the sizes the pool was designed for.
 class Terminal_options
 {
 public:
-    // The whole group, or those of its options named (without dashes).
+    // The whole group, or --terminal and those of its options named (without dashes).
     static QVector<Option> all();
     static QVector<Option> only(const QStringList& names);
 
@@ -29,9 +30,11 @@ public:
     // the usage error has been printed.
     static bool read(const Invocation& in, Target& target);
 
-    // Scales the pool from the screen it was designed for to the target's, where sizes of both
-    // were given. Objects read from pool bytes first learn the area they are drawn in.
-    static void scale(Object_pool& pool, const Target& target, bool is_description);
+    // Makes the pool the target terminal's own (VT::Terminal_adaptation): scaled from the
+    // screen it was designed for where sizes of both were given, objects read from pool bytes
+    // first learning the area they are drawn in. Prints the warnings and problems; false, after
+    // saying that nothing is written, when the pool cannot be made the terminal's.
+    static bool adapt(Object_pool& pool, const Target& target, bool is_description, bool downgrade);
 };
 
 }

@@ -1,4 +1,5 @@
 // vtpool check: the pool against what a terminal expects of it, rule by rule.
+#include <cstring>
 #include <iostream>
 
 #include "tools/check/Check_tool.h"
@@ -23,6 +24,8 @@ int run(Invocation& in)
     request.json = format == "json";
     request.werror = in.is_set("werror");
     request.verbose = in.is_set("verbose");
+    request.language = in.value("language").toUtf8();
+    request.lenient = in.is_set("lenient");
     return VT::Check::run_check(request, std::cout);
 }
 
@@ -37,8 +40,11 @@ const char* help()
                         "Exit status: 0 no errors, 1 errors (or warnings with --werror), 2 bad usage.\n"
                         "\n"
                         "Rules:\n";
+        int width = 0;
         for (const VT::Check::Rule& r : VT::Check::rules())
-            h += "  " + QString::fromLatin1(r.id).leftJustified(16).toStdString() +
+            width = std::max(width, int(strlen(r.id)) + 2);
+        for (const VT::Check::Rule& r : VT::Check::rules())
+            h += "  " + QString::fromLatin1(r.id).leftJustified(width).toStdString() +
                  (r.severity == VT::Check::Severity::error ? "error    " : "warning  ") + r.summary + "\n";
         return h;
     }();
@@ -56,7 +62,9 @@ Command check_command()
             Terminal_options::only({"vt-version"}) +
                 QVector<Option>{{{"format"}, "text|json", "one line per finding (text), or one JSON document"},
                                 {{"werror"}, "", "exit with status 1 on warnings too"},
-                                {{"verbose"}, "", "also show what the library said that is reported otherwise"}},
+                                Invocation::language_option(),
+                                {{"verbose"}, "", "also show what the library said that is reported otherwise"},
+                                Option::lenient()},
             run};
 }
 

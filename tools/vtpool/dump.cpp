@@ -12,7 +12,9 @@ int run(Invocation& in)
 {
     Object_pool pool;
     // What could be read is printed even when the rest could not.
-    bool ok = in.load(pool);
+    VT::Check::Loaded loaded;
+    bool ok = in.load(pool, false, nullptr, &loaded);
+    print_languages(loaded, in.value("language").toUtf8(), std::cout);
     VT::Report::dump(pool, std::cout, in.is_set("bytes"));
     return ok ? OK : PROBLEM;
 }
@@ -25,7 +27,8 @@ Command dump_command()
             "print every object of a pool",
             {"POOL"},
             "Prints every object with its attributes (of objects sharing an id, all of them).\n",
-            {{{"bytes"}, "", "add each object's bytes"}, {{"verbose"}, "", "also show what the library said that is reported otherwise"}},
+            {{{"bytes"}, "", "add each object's bytes"}, Invocation::language_option(),
+             {{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient()},
             run};
 }
 

@@ -4,6 +4,7 @@
 // Each command is one file of this folder that returns its Command; the table below lists
 // them, and help texts, parsing and the checks of the command line all come from it.
 #include <QCoreApplication>
+#include <csignal>
 #include <iostream>
 
 #include "tools/vtpool/Command.h"
@@ -92,6 +93,9 @@ int run(const QStringList& arguments)
 
 int main(int argc, char** argv)
 {
+    // A file-size limit then fails the write that crosses it (reported, the output discarded)
+    // instead of ending the program with the output half written.
+    signal(SIGXFSZ, SIG_IGN);
     QCoreApplication app(argc, argv);
     QStringList args;
     for (int i = 1; i < argc; ++i)

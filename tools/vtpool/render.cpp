@@ -4,6 +4,7 @@
 #include <QSet>
 #include <iostream>
 
+#include "tools/output/Output_file.h"
 #include "tools/pool/Labels.h"
 #include "tools/render/Png_writer.h"
 #include "tools/render/Renderer.h"
@@ -79,7 +80,7 @@ int render_all(Renderer& renderer, Object_pool& pool, const QString& source, con
                     .arg(mask->get_id());
     }
     html += QStringLiteral("</body></html>\n");
-    if (!VT::Render::write_file_atomically(html.toUtf8(), QDir(dir).filePath("index.html"), &error))
+    if (!VT::Output_file::write_file(QDir(dir).filePath("index.html"), html.toUtf8(), &error))
         return fail(error);
     std::cout << list.size() << " masks drawn" << std::endl;
     return OK;
@@ -154,9 +155,11 @@ Command render_command()
                             {{"mask"}, "NAME|ID", "draw this data, alarm or window mask instead"},
                             {{"object"}, "NAME|ID", "draw this object alone, at its own size"},
                             {{"all"}, "", "draw every mask into DIR, with an index.html showing them"},
-                            {{"scale"}, "N", "enlarge N times (each pixel repeated; 1-16, default 1)"}} +
+                            {{"scale"}, "N", "enlarge N times (each pixel repeated; 1-16, default 1)"},
+                            Invocation::language_option()} +
                 Terminal_options::only({"colours", "mask-size", "key-size", "soft-keys", "small-fonts", "large-fonts",
-                                        "font-styles"}),
+                                        "font-styles"}) +
+                QVector<Option>{Option::lenient()},
             run};
 }
 

@@ -25,7 +25,9 @@ int run(Invocation& in)
     Object_pool pool;
     if (!in.load_named(pool))
         return PROBLEM;
-    Terminal_options::scale(pool, target, true);
+    // Named, the terminal gets the pool as vtpool build would give it.
+    if (target.named && !Terminal_options::adapt(pool, target, true, false))
+        return PROBLEM;
     std::ostringstream text;
     QString error;
     if (!VT::Source_generator::generate(pool, in.argument(), text, &error, options)) {
@@ -57,12 +59,13 @@ Command source_command()
             "Pool::objects. Object names must be C++ identifiers; a pool file's objects are\n"
             "named as vtpool describe names them. With --header the source is in a namespace\n"
             "(--namespace, default the header's name) and defines NAMESPACE::objects(), which\n"
-            "the header declares beside the object ids. The sizes of the terminal scale the\n"
-            "pool as vtpool build does.\n",
+            "the header declares beside the object ids. A terminal (--terminal, or its sizes\n"
+            "with the sizes the pool was designed for) gets the pool as vtpool build makes it\n"
+            "that terminal's own: scaled, its fonts fitted, its colours and pictures reduced.\n",
             QVector<Option>{Option::output("FILE.cpp", "where to write the source"),
                             {{"header"}, "FILE.h", "also write the ID header that declares objects()"},
                             {{"namespace"}, "NAME", "the namespace of the source and its header"},
-                            Invocation::names_option()} +
+                            Invocation::names_option(), Option::lenient()} +
                 Terminal_options::only({"design-size", "mask-size", "design-key-size", "key-size"}),
             run};
 }

@@ -1,11 +1,10 @@
-#include "tools/render/Colour_reduction.h"
+#include "tools/terminal/Colour_reduction.h"
 
 #include <array>
 
 #include "can/vt/objects/Colours.h"
 
 namespace VT {
-namespace Render {
 
 namespace {
 
@@ -19,19 +18,27 @@ int channel(uint32_t rgb, int shift)
     return int(rgb >> shift & 0xFF);
 }
 
-// Nearest of the first sixteen palette colours by squared RGB distance; ties go to the lower index.
-uint8_t nearest_of_sixteen(uint32_t rgb)
+long distance(uint32_t a, uint32_t b)
 {
-    int best = 0;
-    long best_distance = -1;
+    long d = 0;
+    for (int shift : {16, 8, 0}) {
+        const long c = channel(a, shift) - channel(b, shift);
+        d += c * c;
+    }
+    return d;
+}
+
+// Nearest of the first sixteen palette colours by squared RGB distance, leaving out `avoid`
+// (-1: none); ties go to the lower index.
+uint8_t nearest_of_sixteen(uint32_t rgb, int avoid = -1)
+{
+    int best = -1;
+    long best_distance = 0;
     for (int i = 0; i < 16; ++i) {
-        const uint32_t p = palette_rgb(i);
-        long d = 0;
-        for (int shift : {16, 8, 0}) {
-            const long c = channel(rgb, shift) - channel(p, shift);
-            d += c * c;
-        }
-        if (best_distance < 0 || d < best_distance) {
+        if (i == avoid)
+            continue;
+        const long d = distance(rgb, palette_rgb(i));
+        if (best < 0 || d < best_distance) {
             best = i;
             best_distance = d;
         }
@@ -75,14 +82,27 @@ uint8_t reduce_colour(uint8_t index, int colours)
     return index;
 }
 
+uint8_t reduced_index(uint32_t rgb, int colours)
+{
+    return colours == 2 ? black_or_white(rgb & 0xFFFFFFu) : nearest_of_sixteen(rgb & 0xFFFFFFu);
+}
+
 uint32_t reduce_rgb(uint32_t rgb, int colours)
 {
     rgb &= 0xFFFFFFu;
-    if (colours == 16)
-        return palette_rgb(nearest_of_sixteen(rgb));
-    if (colours == 2)
-        return palette_rgb(black_or_white(rgb));
+    if (colours == 16 || colours == 2)
+        return palette_rgb(reduced_index(rgb, colours));
     return rgb;
+}
+
+uint8_t reduce_colour_avoiding(uint8_t index, int colours, uint8_t avoid)
+{
+    const uint8_t reduced = reduce_colour(index, colours);
+    if (reduced != avoid)
+        return reduced;
+    if (colours == 2)
+        return uint8_t(1 - (avoid & 1));
+    return nearest_of_sixteen(palette_rgb(index), avoid);
 }
 
 uint32_t terminal_rgb(uint8_t index, int colours)
@@ -90,5 +110,4 @@ uint32_t terminal_rgb(uint8_t index, int colours)
     return 0xFF000000u | palette_rgb(reduce_colour(index, colours));
 }
 
-}
 }
