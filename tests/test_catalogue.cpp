@@ -119,6 +119,8 @@ TEST(Type_catalogue, mutable_types)
     EXPECT_EQ(expected.size(), 39);
     EXPECT_EQ(T::create_type_all_set(), expected);
     EXPECT_EQ(types_all_mutable, expected);
+    // The catalogue's set and the namespace-level name are one object.
+    EXPECT_EQ(&T::types_all_mutable, &types_all_mutable);
     EXPECT_TRUE(types_all_mutable.contains(T::TYPE_AUXILIARY_TYPE2_INPUT));
     EXPECT_FALSE(types_all_mutable.contains(T::TYPE_AUXILIARY_TYPE2_CONTROL_DESIGNATOR));
     EXPECT_FALSE(types_all_mutable.contains(T::TYPE_FIELD));

@@ -126,6 +126,28 @@ TEST(Scalar_attributes, deserialise_clamps_flags_and_reports_offsets)
     EXPECT_EQ(u32.get(), 0x04030201u);
 }
 
+// Bytes below a minimum that is not 0 (the signed range that leaves out -32768, a byte that
+// must not be 0) are read as the minimum, flagged and warned about, like bytes above the maximum.
+TEST(Scalar_attributes, deserialise_clamps_below_a_nonzero_minimum)
+{
+    test::Stream_capture err(std::cerr);
+    Iso::Deserialise_results res;
+    Attribute_int16 coordinate(-32767, 32767, "coordinate");
+    uint8_t most_negative[] = {0x00, 0x80};
+    EXPECT_EQ(coordinate.deserialise(0, most_negative, 2, &res), 2);
+    EXPECT_EQ(coordinate.get(), -32767);
+    EXPECT_TRUE(res.flags & Iso::Deserialise_results::value_clamped);
+
+    Iso::Deserialise_results fresh;
+    Attribute_uint8 code(1, 255, 7, "code");
+    uint8_t zero[] = {0};
+    EXPECT_EQ(code.deserialise(0, zero, 1, &fresh), 1);
+    EXPECT_EQ(code.get(), 1);
+    EXPECT_TRUE(fresh.flags & Iso::Deserialise_results::value_clamped);
+    EXPECT_EQ(err.str(), "WARNING: attempt to set 'coordinate' to -32768, minimum is -32767\n"
+                         "WARNING: attempt to set 'code' to 0, minimum is 1\n");
+}
+
 TEST(Scalar_attributes, sixty_four_bit_deserialise_reads_nothing)
 {
     uint8_t bytes[8] = {9, 9, 9, 9, 9, 9, 9, 9};

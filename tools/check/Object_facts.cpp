@@ -15,7 +15,7 @@ namespace Check {
 QString type_names(Type_set set)
 {
     QStringList names;
-    for (unsigned t = 0; t < 64; ++t)
+    for (unsigned t = 0; t < TYPE_SET_BITS; ++t)
         if (holds(set, t))
             names.append(QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(t))));
     if (names.size() < 2)
@@ -50,7 +50,8 @@ bool is_root(unsigned type)
                T(AUXILIARY_FUNCTION), T(AUXILIARY_INPUT), T(AUXILIARY_TYPE2_FUNCTION), T(AUXILIARY_TYPE2_INPUT),
                T(EXTERNAL_OBJECT_DEFINITION), T(COLOUR_MAP), T(COLOUR_PALETTE), T(OBJECT_LABELREF_LIST),
                T(WORKING_SET_SPECIAL_CONTROLS)});
-    return holds(roots, type) || type >= 241;
+    // The system's own types, from the field on, all stand at the top of a pool.
+    return holds(roots, type) || type >= T(FIELD);
 }
 
 // --- References ---------------------------------------------------------------------------

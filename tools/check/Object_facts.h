@@ -14,6 +14,7 @@ namespace Check {
 
 // A set of object types (those of ISO 11783-6, below 64), as a bit mask.
 typedef uint64_t Type_set;
+constexpr unsigned TYPE_SET_BITS = 8 * sizeof(Type_set);
 constexpr Type_set types(std::initializer_list<unsigned> list)
 {
     Type_set s = 0;
@@ -23,7 +24,7 @@ constexpr Type_set types(std::initializer_list<unsigned> list)
 }
 inline bool holds(Type_set set, unsigned type)
 {
-    return type < 64 && (set >> type) & 1;
+    return type < TYPE_SET_BITS && (set >> type) & 1;
 }
 // The names of the types of a set: "Data_mask or Alarm_mask".
 QString type_names(Type_set set);

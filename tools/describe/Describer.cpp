@@ -45,7 +45,7 @@ QByteArray attribute_at(VT_obj& obj, int at)
     if (at < 3)
         return at < 2 ? "id" : "type";
     int offset = 3;
-    obj.lock();
+    const VT_obj::Lock guard(obj);
     QByteArray name;
     for (uint16_t i = 0; i < obj.get_num_every_attribute() && name.isEmpty(); ++i)
         if (Attribute* a = obj.get_every_attribute(i)) {
@@ -53,7 +53,6 @@ QByteArray attribute_at(VT_obj& obj, int at)
             if (at < offset)
                 name = a->name ? a->name : "";
         }
-    obj.unlock();
     return name;
 }
 
@@ -90,7 +89,7 @@ QString Describer::fatal_when_built(VT_obj& obj)
         return bytes == QByteArray(2, char(0xFF));
     };
     QString why;
-    obj.lock();
+    const VT_obj::Lock guard(obj);
     switch (obj.get_type()) {
     case VT_obj_type::TYPE_LINE:
     case VT_obj_type::TYPE_RECTANGLE:
@@ -115,7 +114,6 @@ QString Describer::fatal_when_built(VT_obj& obj)
     }
     default: break;
     }
-    obj.unlock();
     return why;
 }
 

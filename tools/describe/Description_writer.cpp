@@ -423,10 +423,8 @@ void Writer::write()
             problem(obj, "type", QStringLiteral("is a type without a class in this build"));
             continue;
         }
-        obj->lock();
-        const Xml_text e = object(obj, *facts);
-        obj->unlock();
-        xml += e.render(2);
+        const VT_obj::Lock guard(*obj);
+        xml += object(obj, *facts).render(2);
     }
     xml += "</object_pool>\n";
     out.xml = xml;

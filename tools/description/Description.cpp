@@ -576,9 +576,8 @@ void Description::justify()
             problem(e, QStringLiteral("<%1> has no size to justify its children in").arg(QString::fromUtf8(e->name)));
             continue;
         }
-        obj->lock();
+        const VT_obj::Lock guard(*obj);
         obj->justify(*list, int16_t(std::max(w, 0)), int16_t(std::max(h, 0)));
-        obj->unlock();
     }
 }
 

@@ -49,10 +49,9 @@ void Description::read_host_lists()
         for (const Xml_supplied& given : e->supplied)
             if (given.binary && given.value.contains('\0'))
                 if (auto* text = dynamic_cast<Attribute_array_char*>(attribute(given.key.constData()))) {
-                    obj->lock();
+                    const VT_obj::Lock guard(*obj);
                     if (text->allocate(uint32_t(given.value.size())))
                         text->set_elements(0, given.value.constData(), unsigned(given.value.size()));
-                    obj->unlock();
                 }
     }
 }
@@ -79,17 +78,16 @@ void Description::split_references(Xml_element* e, Attribute_list<Attribute_obje
         }
         ++item;
     }
-    e->object->lock();
+    const VT_obj::Lock guard(*e->object);
     refs.set_items(kept_refs.empty() ? nullptr : kept_refs.data(), unsigned(kept_refs.size()));
     places.set_items(kept_places.empty() ? nullptr : kept_places.data(), unsigned(kept_places.size()));
-    e->object->unlock();
 }
 
 // A field takes its swaths from the objects defined inside it; <ref object=""/> names a swath
 // defined elsewhere (a pool read from bytes holds them as objects of their own).
 void Description::read_named_swaths(Xml_element* e, Attribute_list<Attribute_object_id>& swaths)
 {
-    e->object->lock();
+    const VT_obj::Lock guard(*e->object);
     uint32_t item = 0;
     for (const auto& child : e->children) {
         const QByteArray* name = child->name == "ref" ? child->attribute("object") : nullptr;
@@ -99,7 +97,6 @@ void Description::read_named_swaths(Xml_element* e, Attribute_list<Attribute_obj
         }
         ++item;
     }
-    e->object->unlock();
 }
 
 // The id an item's object name stands for; an unknown name is a problem.
@@ -136,9 +133,8 @@ void Description::read_code_planes(Xml_element* e, Attribute_list<Attribute_code
         }
         sets.emplace_back(uint8_t(plane), uint8_t(ranges.size()), ranges.empty() ? nullptr : ranges.data());
     }
-    e->object->lock();
+    const VT_obj::Lock guard(*e->object);
     list.set_items(sets.empty() ? nullptr : sets.data(), unsigned(sets.size()));
-    e->object->unlock();
 }
 
 }

@@ -5,7 +5,7 @@ namespace VT {
 QVector<Object_reference> object_references(VT_obj& obj)
 {
     QVector<Object_reference> out;
-    obj.lock();
+    const VT_obj::Lock guard(obj);
     for (uint16_t i = 0; i < obj.get_num_every_attribute(); ++i) {
         Attribute* a = obj.get_every_attribute(i);
         if (!a)
@@ -45,7 +45,6 @@ QVector<Object_reference> object_references(VT_obj& obj)
                 add(Object_reference::MACRO, (*macros)[k].get_macro_id());
         }
     }
-    obj.unlock();
     return out;
 }
 

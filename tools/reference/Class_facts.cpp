@@ -152,7 +152,7 @@ std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
     facts->name = entry.name();
     facts->vt_version = Check::type_version(entry.type & 0xFF);
     std::unique_ptr<VT_obj> obj(entry.make(nullptr));
-    obj->lock();
+    const VT_obj::Lock guard(*obj);
     Empty_node empty;
     const uint16_t n = obj->get_num_every_attribute();
     for (uint16_t i = 0; i < n; ++i)
@@ -208,7 +208,6 @@ std::unique_ptr<Class_facts> read_class(const Object_factory::Entry& entry)
             }
         list->set_counters(0);
     }
-    obj->unlock();
 
     // Where each attribute starts, up to the first list, and the bytes of an object whose lists
     // are empty.

@@ -57,70 +57,85 @@ public:
     // The class's full type; every object class answers with its own.
     virtual type_t get_ctype() const { return type_t(255); }
 
+    // Holds an object's lock for the scope it is declared in.
+    class Lock
+    {
+    public:
+        explicit Lock(const Iso_object_base& locked) : object(locked) { object.lock(); }
+        ~Lock() { object.unlock(); }
+        Lock(const Lock&) = delete;
+        Lock& operator=(const Lock&) = delete;
+
+    private:
+        const Iso_object_base& object;
+    };
+
     // Public entry points: each takes the object's lock around its virtual implementation.
     int serialise(int offset, uint8_t* buf, int len)
     {
-        lock();
-        int r = __serialise(offset, buf, len);
-        unlock();
-        return r;
+        const Lock guard(*this);
+        return __serialise(offset, buf, len);
     }
     int deserialise(int offset, uint8_t* buf, int len, Deserialise_results* res)
     {
-        lock();
-        int r = __deserialise(offset, buf, len, res);
-        unlock();
-        return r;
+        const Lock guard(*this);
+        return __deserialise(offset, buf, len, res);
     }
     void serialise(Debug::Dumper& dumper, bool with_bytes);
     void print_me(std::ostream& os, int indent) const
     {
-        lock();
+        const Lock guard(*this);
         __print_me(os, indent);
-        unlock();
     }
-    void get_code_def(std::ostream& os, unsigned indent) { locked([&] { __get_code_def(os, indent); }); }
-    void get_code_init(std::ostream& os, unsigned indent) { locked([&] { __get_code_init(os, indent); }); }
-    void get_code_valref(std::ostream& os, unsigned indent) { locked([&] { __get_code_valref(os, indent); }); }
-    void get_code_body(std::ostream& os, unsigned indent) { locked([&] { __get_code_body(os, indent); }); }
+    void get_code_def(std::ostream& os, unsigned indent)
+    {
+        const Lock guard(*this);
+        __get_code_def(os, indent);
+    }
+    void get_code_init(std::ostream& os, unsigned indent)
+    {
+        const Lock guard(*this);
+        __get_code_init(os, indent);
+    }
+    void get_code_valref(std::ostream& os, unsigned indent)
+    {
+        const Lock guard(*this);
+        __get_code_valref(os, indent);
+    }
+    void get_code_body(std::ostream& os, unsigned indent)
+    {
+        const Lock guard(*this);
+        __get_code_body(os, indent);
+    }
     uint16_t get_id() const
     {
-        lock();
-        uint16_t v = id;
-        unlock();
-        return v;
+        const Lock guard(*this);
+        return id;
     }
     void set_id(uint16_t v)
     {
-        lock();
+        const Lock guard(*this);
         id = v;
-        unlock();
     }
     void get_name(char* dst, int len) const
     {
-        lock();
+        const Lock guard(*this);
         __get_name(dst, len);
-        unlock();
     }
     void set_name(const char* name)
     {
-        lock();
+        const Lock guard(*this);
         __set_name(name);
-        unlock();
     }
     type_t get_type() const
     {
-        lock();
-        type_t t = __get_type();
-        unlock();
-        return t;
+        const Lock guard(*this);
+        return __get_type();
     }
     const char* get_type_string() const
     {
-        lock();
-        const char* s = __get_type_string();
-        unlock();
-        return s;
+        const Lock guard(*this);
+        return __get_type_string();
     }
     uint16_t __get_id() const { return id; }
     type_t __get_type() const { return type_t(type + 256u * _get_extended_type()); }
@@ -147,14 +162,6 @@ public:
     }
 
 protected:
-    template <class F>
-    void locked(F f)
-    {
-        lock();
-        f();
-        unlock();
-    }
-
     ID_OBJ id;
     uint8_t type;
     ATTR_OBJ** aid_table;
@@ -166,12 +173,10 @@ protected:
 template <class T, class A, class I>
 void Iso_object_base<T, A, I>::serialise(Debug::Dumper& dumper, bool with_bytes)
 {
-    lock();
+    const Lock guard(*this);
     const char* obj_name = get_name();
-    if (!dumper.open_group(obj_name)) {
-        unlock();
+    if (!dumper.open_group(obj_name))
         return;
-    }
     char text[32];
     snprintf(text, sizeof text, "%d", int(__get_id()));
     dumper.write("id", text);
@@ -190,7 +195,6 @@ void Iso_object_base<T, A, I>::serialise(Debug::Dumper& dumper, bool with_bytes)
         dumper.close_group("bytes");
     }
     dumper.close_group(obj_name);
-    unlock();
 }
 
 template <class T, class A, class I>

@@ -106,9 +106,18 @@ public:
     }
     unsigned int get_elements(unsigned int i, T* dst, unsigned int n) const
     {
-        if (i >= length || i >= held)
+        return copy_elements(i, dst, n, std::min(length, held));
+    }
+    // Elements the buffer really holds (the count may announce more, or fewer).
+    uint32_t held_count() const { return buf ? held : 0; }
+    // Element i of the first `have` held, or a zero spare element past them.
+    const T& element(unsigned int i, uint32_t have) const { return i < have ? buf[i] : spare_element(); }
+    // Copies min(n, have - i) of the first `have` elements held from i on into dst; how many.
+    unsigned int copy_elements(unsigned int i, T* dst, unsigned int n, uint32_t have) const
+    {
+        if (i >= have || !dst)
             return 0;
-        unsigned int count = std::min(n, std::min(length, held) - i);
+        unsigned int count = std::min(n, have - i);
         memcpy(dst, buf + i, count * sizeof(T));
         return count;
     }

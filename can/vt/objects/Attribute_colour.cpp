@@ -67,7 +67,7 @@ bool Attribute_node::set_attribute(Attribute_identifier<unsigned char>& target, 
     int index = obj->find_attribute(name);
     if (index >= 0)
         aid = obj->find_attribute(obj->get_every_attribute(uint16_t(index)));
-    if (aid < 0 && obj->__get_type() != 0) {
+    if (aid < 0 && obj->__get_type() != VT_obj_type::TYPE_WORKING_SET) {
         Debug_print::dprint("WARNING: Could not find attribute in object %s\n", description);
         return false;
     }

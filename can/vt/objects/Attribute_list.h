@@ -309,6 +309,12 @@ public:
         : Attribute(name), list(list), enabled(enabled)
     {
     }
+    // Sets the count of the counted list or array; its items are given apart.
+    void set(uint32_t n)
+    {
+        if (list)
+            list->set_counters(n);
+    }
     void set_enabled(bool on) { enabled = on; }
     bool is_enabled() const { return enabled; }
     W get() const { return W(list ? list->get_length() : 0); }

@@ -11,9 +11,8 @@ VT_obj* adopt_inline_object(Spec_node* node, scale_area_t area)
 {
     VT_obj* obj = node ? node->get_object() : nullptr;
     if (obj) {
-        obj->lock();
+        const VT_obj::Lock guard(*obj);
         obj->check_scale_area(area);
-        obj->unlock();
     }
     return obj;
 }
@@ -26,9 +25,8 @@ void check_named_object(Spec_node* node, const char* name, scale_area_t area)
         std::cerr << "!WARNING! Object '" << name << "' is known by name but was not built" << std::endl;
         return;
     }
-    obj->lock();
+    const VT_obj::Lock guard(*obj);
     obj->check_scale_area(area);
-    obj->unlock();
 }
 
 int Attribute_object_id::_set_by_spec(Spec_node* spec_node, scale_area_t area)

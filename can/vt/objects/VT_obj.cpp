@@ -110,6 +110,19 @@ bool VT_obj::__set_by_spec(scale_area_t area)
     return all;
 }
 
+bool VT_obj::__set_by_spec_counted(scale_area_t area, Attribute_list<Attribute_object_placement>& list,
+                                   const char* count_name)
+{
+    uint8_t declared = 0;
+    if (!spec_node || !spec_node->get_uint8(&declared, count_name))
+        return VT_obj::__set_by_spec(area);
+    list.set_length(declared);
+    const bool all = VT_obj::__set_by_spec(area);
+    // Reading the listed entries reset the count to what was listed.
+    list.set_length(declared);
+    return all;
+}
+
 uint16_t VT_obj::__get_scaling_child() const
 {
     return NULL_ID;
@@ -145,9 +158,8 @@ int VT_obj::__num_bytes() const
 
 void VT_obj::check_scale_area(scale_area_t area)
 {
-    lock();
+    const Lock guard(*this);
     __check_scale_area(area);
-    unlock();
 }
 
 int VT_obj::get_attribute_id_whole(attribute_general_t)
@@ -171,8 +183,8 @@ int VT_obj::__serialise(int offset, uint8_t* buf, int len)
     if (len < 1)
         return total;
     if (serialise_as_null_op) {
-        // Replaced by a NULL object pointer: type 27, value 65535.
-        static const uint8_t placeholder[3] = {27, 0xFF, 0xFF};
+        // Replaced by a NULL object pointer: its type, value 65535.
+        static const uint8_t placeholder[3] = {uint8_t(TYPE_OBJECT_POINTER), 0xFF, 0xFF};
         int k = 0;
         for (int i = remaining; i < 3 && k < len; ++i)
             buf[k++] = placeholder[i];
@@ -255,9 +267,10 @@ int VT_obj::__deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_re
             continue;
         int r = a->deserialise(0, buf, remaining, res);
         if (r < 0) {
-            Debug_print::dprint("Deser: obj ID %hu, type '%s' (%d), attrib [%d] ('%s' %d) deser from (%d, %p, %d) failed: %d\n",
-                                __get_id(), __get_type_string(), int(__get_type()), int(i), a->name ? a->name : "",
-                                int(a->get_type()), 0, static_cast<void*>(buf), remaining, r);
+            Debug_print::dprint(
+                "Deser: obj ID %hu, type '%s' (%d), attrib [%d] ('%s' %d) deser from (%d, %p, %d) failed: %d\n",
+                __get_id(), __get_type_string(), int(__get_type()), int(i), a->name ? a->name : "", int(a->get_type()),
+                0, static_cast<void*>(buf), remaining, r);
             return -1;
         }
         int need = a->num_bytes();
@@ -315,35 +328,32 @@ Object_pool* VT_obj::get_pool()
 
 void VT_obj::upload(bool flag)
 {
-    lock();
+    const Lock guard(*this);
     pool_helper->upload(this, flag);
-    unlock();
 }
 
 void VT_obj::set_serialise_as_null_op(bool on)
 {
-    lock();
-    bool changed = serialise_as_null_op != on;
-    serialise_as_null_op = on;
-    unlock();
+    bool changed;
+    {
+        const Lock guard(*this);
+        changed = serialise_as_null_op != on;
+        serialise_as_null_op = on;
+    }
     if (changed)
         upload(true);
 }
 
 uint16_t VT_obj::get_width() const
 {
-    lock();
-    uint16_t w = _get_width();
-    unlock();
-    return w;
+    const Lock guard(*this);
+    return _get_width();
 }
 
 uint16_t VT_obj::get_height() const
 {
-    lock();
-    uint16_t h = _get_height();
-    unlock();
-    return h;
+    const Lock guard(*this);
+    return _get_height();
 }
 
 scale_area_t VT_obj::__get_scale_area_type() const
@@ -371,9 +381,8 @@ int VT_obj::scale_attribute(int value, int num, int den)
 
 void VT_obj::set_transpose(int16_t dx, int16_t dy)
 {
-    lock();
+    const Lock guard(*this);
     __set_transpose(dx, dy);
-    unlock();
 }
 
 void VT_obj::__set_transpose(int16_t dx, int16_t dy)
@@ -426,17 +435,14 @@ void VT_obj::__check_scale_area(scale_area_t area)
 
 bool VT_obj::set_by_spec(scale_area_t area)
 {
-    lock();
-    bool r = __set_by_spec(area);
-    unlock();
-    return r;
+    const Lock guard(*this);
+    return __set_by_spec(area);
 }
 
 void VT_obj::set_scale(uint16_t num_x, uint16_t num_y, uint16_t den_x, uint16_t den_y)
 {
-    lock();
+    const Lock guard(*this);
     __set_scale(num_x, num_y, den_x, den_y);
-    unlock();
 }
 
 }

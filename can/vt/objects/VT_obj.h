@@ -31,6 +31,21 @@ public:
     // Takes ownership of `node`.
     VT_obj(Spec_node* node, type_t type, uint8_t aid_count, Attribute** aid_table, uint8_t every_count,
            Attribute** every_table, const char* name, uint16_t id);
+    // The same two, given an object class's tables (an AID table and an every-table, both ending in
+    // a null slot, as VT_OBJECT_TABLES makes them), whose counts come from their sizes.
+    template <class Tables>
+    VT_obj(uint16_t id, type_t type, Tables& tables, uint8_t macro_value, Attribute_list<Attribute_event_macro>* macros,
+           const char* name)
+        : VT_obj(id, type, table_count(tables.aid), tables.aid, table_count(tables.every), tables.every, macro_value,
+                 macros, name)
+    {
+    }
+    template <class Tables>
+    VT_obj(Spec_node* node, type_t type, Tables& tables)
+        : VT_obj(node, type, table_count(tables.aid), tables.aid, table_count(tables.every), tables.every, NO_NAME,
+                 NULL_ID)
+    {
+    }
     VT_obj(const VT_obj&) = delete;
     VT_obj& operator=(const VT_obj&) = delete;
     ~VT_obj() override;
@@ -91,6 +106,12 @@ public:
     void** get_list_hook(int which) { return which ? list_hook_b : list_hook_a; }
 
 protected:
+    // __set_by_spec for an object whose description may declare how many entries `list` has
+    // (under `count_name`) apart from the entries it lists: the declared count wins, entries not
+    // listed becoming NULL references.
+    bool __set_by_spec_counted(scale_area_t area, Attribute_list<Attribute_object_placement>& list,
+                               const char* count_name);
+
     void* list_hook_a[6];
     void* list_hook_b[6];
     Spec_node* spec_node;
@@ -103,6 +124,13 @@ protected:
     bool serialise_as_null_op;
 
 private:
+    // The entries of a table of N slots, the last of which is its null end.
+    template <size_t N>
+    static constexpr uint8_t table_count(Attribute* (&)[N])
+    {
+        static_assert(N >= 1 && N <= 256, "a table holds up to 255 attributes and its null end");
+        return uint8_t(N - 1);
+    }
     void init_hooks();
 };
 

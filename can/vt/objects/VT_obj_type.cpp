@@ -26,8 +26,8 @@ const char* VT_obj_type::get_type_string(type_t type)
     unsigned t = type;
     if (t < sizeof standard_names / sizeof *standard_names)
         return standard_names[t];
-    if (t >= 241 && t <= 245)
-        return own_names[t - 241];
+    if (t >= TYPE_FIELD && t <= TYPE_TRANSLATABLE_STRING)
+        return own_names[t - TYPE_FIELD];
     if ((t & 0xFF) == 246 && t >= TYPE_CONFIG_ICON && t <= TYPE_CONFIG_TABLE)
         return config_names[(t >> 8) - 1];
     return "UNKNOWN";
@@ -51,6 +51,7 @@ void VT_obj_type::print_types(const QSet<type_t>& types, const char* label)
     printf("\n");
 }
 
-const QSet<VT_obj_type::type_t> types_all_mutable = VT_obj_type::create_type_all_set();
+const QSet<VT_obj_type::type_t> VT_obj_type::types_all_mutable = VT_obj_type::create_type_all_set();
+const QSet<VT_obj_type::type_t>& types_all_mutable = VT_obj_type::types_all_mutable;
 
 }

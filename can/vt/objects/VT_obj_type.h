@@ -81,13 +81,16 @@ public:
         ATTRIBUTE_GENERAL_HIDDEN,
     };
 
+    // Types the system treats as mutable; filled once when the library loads.
+    static const QSet<type_t> types_all_mutable;
+
     static const char* get_type_string(type_t type);
     static QSet<type_t> create_type_all_set();
     static void print_types(const QSet<type_t>& types, const char* label);
 };
 
-// Types the system treats as mutable; filled once when the library loads.
-extern const QSet<VT_obj_type::type_t> types_all_mutable;
+// VT_obj_type::types_all_mutable under its earlier name.
+extern const QSet<VT_obj_type::type_t>& types_all_mutable;
 
 inline uint qHash(VT_obj_type::type_t t, uint salt = 0)
 {

@@ -3,40 +3,33 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Input attributes (type 26): the characters an input string accepts (validation type 0)
 // or rejects (1). The validation string follows its own length byte directly.
 class Input_attributes_obj : public VT_obj
 {
-public:
-    // Borrows `string` (length bytes); the caller keeps it alive.
-    Input_attributes_obj(unsigned short id, const char* name, unsigned char validation_type, unsigned char length,
-                         char* string, unsigned char num_macros, Attribute_event_macro* event_macro);
-    explicit Input_attributes_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_INPUT_ATTRIBUTES; }
-
-    VT_ATTRIBUTE_GETTER(unsigned char, validation_type)
-    VT_ATTRIBUTE_GETTER(unsigned char, length)
-    VT_ATTRIBUTE_GETTER(unsigned char, num_macros)
-    VT_EVENT_MACRO_GETTERS(event_macro)
-    // The validation string.
-    VT_STRING_GETTERS(string)
-
-private:
-    void init_lists();
-
     Attribute_uint8 validation_type{0, 1, 0, "validation_type"};
     Attribute_list_len<unsigned char> length{"length", &string};
     Attribute_array_char string{"string"};
     Attribute_list_len<unsigned char> num_macros{"num_macros", &event_macro};
     Attribute_list<Attribute_event_macro> event_macro{"event_macro"};
-    Attribute* aid_table_storage[2 + 1];
-    Attribute* every_table_storage[5 + 1];
+
+public:
+    // Borrows `string` (length bytes); the caller keeps it alive.
+    Input_attributes_obj(unsigned short id, const char* name, unsigned char validation_type, unsigned char length,
+                         char* string, unsigned char num_macros, Attribute_event_macro* event_macro);
+    explicit Input_attributes_obj(Spec_node* node) : VT_obj(node, TYPE_INPUT_ATTRIBUTES, tables) { init_lists(); }
+
+    VT_ATTRIBUTE_GETTERS(validation_type, length, num_macros)
+    VT_EVENT_MACRO_GETTERS(event_macro)
+    // The validation string.
+    VT_STRING_GETTERS(string)
+
+    VT_OBJECT_TABLES(TYPE_INPUT_ATTRIBUTES, (validation_type),
+                     (validation_type, length, string, num_macros, event_macro))
 };
 
-}
 }
 
 #endif

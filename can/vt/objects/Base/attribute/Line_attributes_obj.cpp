@@ -1,28 +1,13 @@
 #include "can/vt/objects/Base/attribute/Line_attributes_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
-Line_attributes_obj::Line_attributes_obj(unsigned short id, const char* name, unsigned char colour,
-                                         unsigned char width, unsigned short art, unsigned char n_macros,
-                                         Attribute_event_macro* macros)
-    : VT_obj(id, TYPE_LINE_ATTRIBUTES, 4, aid_table_storage, 5, every_table_storage, 0, &event_macro, name),
-      line_colour(colour, "line_colour"), line_width(0, 255, width, "line_width"),
-      line_art(0, 65535, art, "line_art"), event_macro("event_macro", macros, n_macros)
+Line_attributes_obj::Line_attributes_obj(unsigned short id, const char* name, unsigned char colour, unsigned char width,
+                                         unsigned short art, unsigned char n_macros, Attribute_event_macro* macros)
+    : VT_obj(id, TYPE_LINE_ATTRIBUTES, tables, 0, &event_macro, name)
 {
+    set_values(every_attributes(), colour, width, art, n_macros, macros);
     init_lists();
-}
-
-Line_attributes_obj::Line_attributes_obj(Spec_node* spec_node)
-    : VT_obj(spec_node, TYPE_LINE_ATTRIBUTES, 4, aid_table_storage, 5, every_table_storage, NO_NAME, NULL_ID)
-{
-    init_lists();
-}
-
-void Line_attributes_obj::init_lists()
-{
-    set_table(aid_table_storage, {class_type_attribute<TYPE_LINE_ATTRIBUTES>(), &line_colour, &line_width, &line_art});
-    set_table(every_table_storage, {&line_colour, &line_width, &line_art, &num_macros, &event_macro});
 }
 
 void Line_attributes_obj::__set_scale(uint16_t x_mul, uint16_t y_mul, uint16_t x_div, uint16_t y_div)
@@ -35,10 +20,8 @@ void Line_attributes_obj::check_scale_area(scale_area_t area)
 {
     if (line_width.get() == 0)
         reset_scale_area();
-    lock();
+    const Lock guard(*this);
     __check_scale_area(area);
-    unlock();
 }
 
-}
 }

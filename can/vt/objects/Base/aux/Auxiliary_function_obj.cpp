@@ -1,31 +1,14 @@
 #include "can/vt/objects/Base/aux/Auxiliary_function_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 Auxiliary_function_obj::Auxiliary_function_obj(uint16_t id, const char* name, uint8_t background_colour_,
                                                uint8_t function_type_, uint8_t num_objects_,
                                                Attribute_object_placement* objects)
-    : VT_obj(id, TYPE_AUXILIARY_FUNCTION, 1, aid_table_storage, 4, every_table_storage, 0, nullptr, name),
-      background_colour(background_colour_, "background_colour"),
-      function_type(0, 255, function_type_, "function_type"), child_location("child_location", objects, num_objects_)
+    : VT_obj(id, TYPE_AUXILIARY_FUNCTION, tables, 0, nullptr, name)
 {
+    set_values(every_attributes(), background_colour_, function_type_, num_objects_, objects);
     init_lists();
 }
 
-Auxiliary_function_obj::Auxiliary_function_obj(Spec_node* spec_node)
-    : VT_obj(spec_node, TYPE_AUXILIARY_FUNCTION, 1, aid_table_storage, 4, every_table_storage, NO_NAME, NULL_ID),
-      background_colour(0, "background_colour"), function_type(0, 255, 0, "function_type"),
-      child_location("child_location")
-{
-    init_lists();
-}
-
-void Auxiliary_function_obj::init_lists()
-{
-    set_table(aid_table_storage, {class_type_attribute<TYPE_AUXILIARY_FUNCTION>()});
-    set_table(every_table_storage, {&background_colour, &function_type, &num_objects, &child_location});
-}
-
-}
 }

@@ -3,8 +3,7 @@
 
 #include "can/vt/objects/Base/aux/Auxiliary_type2_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Auxiliary type 2 function (type 31): a function of the working set that an operator assigns to an
 // auxiliary input; its designator is drawn from the placed children.
@@ -14,7 +13,6 @@ public:
     using Auxiliary_type2_obj::Auxiliary_type2_obj;
 };
 
-}
 }
 
 #endif

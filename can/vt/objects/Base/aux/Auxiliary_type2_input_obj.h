@@ -3,8 +3,7 @@
 
 #include "can/vt/objects/Base/aux/Auxiliary_type2_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Auxiliary type 2 input (type 32): a physical input that an operator assigns to auxiliary
 // functions; its designator is drawn from the placed children.
@@ -14,7 +13,6 @@ public:
     using Auxiliary_type2_obj::Auxiliary_type2_obj;
 };
 
-}
 }
 
 #endif

@@ -1,33 +1,15 @@
 #include "can/vt/objects/Base/config/Config_node_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
-Config_node_obj::Config_node_obj(uint16_t id, const char* name, uint8_t extended_type_, uint16_t label_,
-                                 uint16_t icon_, uint8_t options_, uint8_t num_child_objects_, uint8_t num_macros_,
+Config_node_obj::Config_node_obj(uint16_t id, const char* name, uint8_t extended_type_, uint16_t label_, uint16_t icon_,
+                                 uint8_t options_, uint8_t num_child_objects_, uint8_t num_macros_,
                                  Attribute_object_id* children, Attribute_event_macro* macros)
-    : VT_obj(id, TYPE_CONFIG, 5, aid_table_storage, 8, every_table_storage, 0, &event_macro, name),
-      extended_type(EXTENDED_TYPE, EXTENDED_TYPE, extended_type_, "extended_type"), label(label_, "label"),
-      icon(icon_, "icon"), options(0, 7, options_, "options"),
-      child_objects("child_objects", children, num_child_objects_), event_macro("event_macro", macros, num_macros_)
+    : VT_obj(id, TYPE_CONFIG, tables, 0, &event_macro, name)
 {
+    set_values(every_attributes(), extended_type_, label_, icon_, options_, num_child_objects_, num_macros_, children,
+               macros);
     init_lists();
 }
 
-Config_node_obj::Config_node_obj(Spec_node* spec_node)
-    : VT_obj(spec_node, TYPE_CONFIG, 5, aid_table_storage, 8, every_table_storage, NO_NAME, NULL_ID),
-      extended_type(EXTENDED_TYPE, EXTENDED_TYPE, EXTENDED_TYPE, "extended_type"), label(NULL_ID, "label"),
-      icon(NULL_ID, "icon"), options(0, 7, 0, "options"), child_objects("child_objects"), event_macro("event_macro")
-{
-    init_lists();
-}
-
-void Config_node_obj::init_lists()
-{
-    set_table(aid_table_storage, {class_type_attribute<TYPE_CONFIG>(), &extended_type, &label, &icon, &options});
-    set_table(every_table_storage,
-              {&extended_type, &label, &icon, &options, &num_child_objects, &num_macros, &child_objects, &event_macro});
-}
-
-}
 }

@@ -3,14 +3,29 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Field (type 241): a perspective view of a worked field drawn by the host from its swaths,
 // with camera, eye, tractor position and the colours of completed and incomplete work.
 // Nothing beyond AID 0 is addressable.
 class Field_obj : public VT_obj
 {
+    Attribute_int16 camera_y{-32767, 32767, 0, "camera_y"};
+    Attribute_int16 camera_z{-32767, 32767, 0, "camera_z"};
+    Attribute_uint8 swath_spacing{0, 255, 0, "swath_spacing"};
+    Attribute_int16 eye_y{-32767, 32767, 0, "eye_y"};
+    Attribute_int16 eye_z{-32767, 32767, 0, "eye_z"};
+    Attribute_int16 rotation{-32767, 32767, 0, "rotation"};
+    Attribute_object_id centre_line_attributes{65535, "centre_line_attributes"};
+    Attribute_colour completed_colour{0, "completed_colour"};
+    Attribute_colour incomplete_colour{0, "incomplete_colour"};
+    Attribute_uint8 tractor_x{0, 255, 0, "tractor_x"};
+    Attribute_uint8 tractor_y{0, 255, 0, "tractor_y"};
+    // Two bytes on the wire, but no more than 255.
+    Attribute_uint16 scale{0, 255, 0, "scale"};
+    Attribute_list_len<uint8_t> num_swaths{"num_swaths", &swaths};
+    Attribute_list<Attribute_object_id> swaths{"swaths"};
+
 public:
     // What a renderer needs of a field, taken in one go under the lock.
     struct ds_field_settings
@@ -33,8 +48,7 @@ public:
               short eye_z, short rotation, uint16_t centre_line_attributes, uint8_t completed_colour,
               uint8_t incomplete_colour, uint8_t tractor_x, uint8_t tractor_y, uint16_t scale, uint8_t num_swaths,
               Attribute_object_id* swaths);
-    explicit Field_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_FIELD; }
+    explicit Field_obj(Spec_node* node) : VT_obj(node, TYPE_FIELD, tables) { init_lists(); }
     const char* __get_type_string() const override { return "Field"; }
 
     // Reads the field, then lets each swath child configure itself and records the swaths in
@@ -42,44 +56,15 @@ public:
     bool __set_by_spec(scale_area_t area) override;
     void init(ds_field_settings& out);
 
-    VT_ATTRIBUTE_GETTER(short, camera_y)
-    VT_ATTRIBUTE_GETTER(short, camera_z)
-    VT_ATTRIBUTE_GETTER(uint8_t, swath_spacing)
-    VT_ATTRIBUTE_GETTER(short, eye_y)
-    VT_ATTRIBUTE_GETTER(short, eye_z)
-    VT_ATTRIBUTE_GETTER(short, rotation)
-    VT_ATTRIBUTE_GETTER(uint16_t, centre_line_attributes)
-    VT_ATTRIBUTE_GETTER(uint8_t, completed_colour)
-    VT_ATTRIBUTE_GETTER(uint8_t, incomplete_colour)
-    VT_ATTRIBUTE_GETTER(uint8_t, tractor_x)
-    VT_ATTRIBUTE_GETTER(uint8_t, tractor_y)
-    VT_ATTRIBUTE_GETTER(uint16_t, scale)
-    VT_ATTRIBUTE_GETTER(uint8_t, num_swaths)
+    VT_ATTRIBUTE_GETTERS(camera_y, camera_z, swath_spacing, eye_y, eye_z, rotation, centre_line_attributes,
+                         completed_colour, incomplete_colour, tractor_x, tractor_y, scale, num_swaths)
     VT_INDEXED_GETTER(uint16_t, swaths, swaths[i].get())
 
-private:
-    void init_lists();
-
-    Attribute_int16 camera_y;
-    Attribute_int16 camera_z;
-    Attribute_uint8 swath_spacing;
-    Attribute_int16 eye_y;
-    Attribute_int16 eye_z;
-    Attribute_int16 rotation;
-    Attribute_object_id centre_line_attributes;
-    Attribute_colour completed_colour;
-    Attribute_colour incomplete_colour;
-    Attribute_uint8 tractor_x;
-    Attribute_uint8 tractor_y;
-    // Two bytes on the wire, but no more than 255.
-    Attribute_uint16 scale;
-    Attribute_list_len<uint8_t> num_swaths{"num_swaths", &swaths};
-    Attribute_list<Attribute_object_id> swaths;
-    Attribute* aid_table_storage[1 + 1];
-    Attribute* every_table_storage[14 + 1];
+    VT_OBJECT_TABLES(TYPE_FIELD, (),
+                     (camera_y, camera_z, swath_spacing, eye_y, eye_z, rotation, centre_line_attributes,
+                      completed_colour, incomplete_colour, tractor_x, tractor_y, scale, num_swaths, swaths))
 };
 
-}
 }
 
 #endif

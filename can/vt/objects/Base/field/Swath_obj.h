@@ -3,8 +3,7 @@
 
 #include "can/vt/objects/Base/shape/Polygon_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Swath: one worked strip of a field, a polygon whose points the host places as work goes
 // on. It travels as a polygon (type 16): its bytes are exactly the polygon's, while
@@ -16,7 +15,6 @@ public:
               uint16_t line_attributes, uint16_t fill_attributes, uint8_t polygon_type, uint8_t num_points,
               uint8_t num_macros, Attribute_point* points, Attribute_event_macro* macros);
     explicit Swath_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_POLYGON; }
     const char* __get_type_string() const override { return "Swath"; }
 
     Attribute* get_every_attribute(uint16_t i) const override { return i < EVERY ? every_table_storage[i] : nullptr; }
@@ -36,20 +34,18 @@ public:
     VT_GETTER(uint16_t, scale_y_div, scale_y_div)
 
 private:
-    static constexpr uint16_t EVERY = 10;
+    // "maximum_points", then the polygon's serialised attributes.
+    static constexpr uint16_t EVERY = 1 + Polygon_obj::NUM_EVERY;
     void init_lists();
 
-    Attribute_uint8 maximum_points;
+    Attribute_uint8 maximum_points{0, 255, 0, "maximum_points"};
     uint16_t scale_x_mul = 1;
     uint16_t scale_y_mul = 1;
     uint16_t scale_x_div = 1;
     uint16_t scale_y_div = 1;
-    Attribute_list<Attribute_point>* points_list = nullptr;
-    Attribute_uint8* polygon_type_attribute = nullptr;
     Attribute* every_table_storage[EVERY + 1];
 };
 
-}
 }
 
 #endif

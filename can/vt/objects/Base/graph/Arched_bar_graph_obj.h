@@ -3,14 +3,30 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Arched bar graph (type 19): a bar along an arc with an optional target line. Its target
 // reference is named "target_value_reference" (the linear bar graph's is
 // "target_variable_reference"); descriptions use the two names as they are.
 class Arched_bar_graph_obj : public VT_obj
 {
+    Attribute_uint16 width{0, 65535, 0, "width"};
+    Attribute_uint16 height{0, 65535, 0, "height"};
+    Attribute_colour fill_colour{0, "fill_colour"};
+    Attribute_colour target_line_colour{0, "target_line_colour"};
+    Attribute_uint8 options{0, 31, 0, "options"};
+    Attribute_uint8 start_angle{0, 180, 0, "start_angle"};
+    Attribute_uint8 end_angle{0, 180, 0, "end_angle"};
+    Attribute_uint16 bar_graph_width{0, 65535, 0, "bar_graph_width"};
+    Attribute_uint16 min_value{0, 65535, 0, "min_value"};
+    Attribute_uint16 max_value{0, 65535, 0, "max_value"};
+    Attribute_object_id variable_reference{65535, "variable_reference"};
+    Attribute_uint16 value{0, 65535, 0, "value"};
+    Attribute_object_id target_value_reference{65535, "target_value_reference"};
+    Attribute_uint16 target_value{0, 65535, 0, "target_value"};
+    Attribute_list_len<uint8_t> num_macros{"num_macros", &event_macro};
+    Attribute_list<Attribute_event_macro> event_macro{"event_macro"};
+
 public:
     // Copies num_macros entries of `macros`.
     Arched_bar_graph_obj(uint16_t id, const char* name, unsigned short width, unsigned short height,
@@ -19,50 +35,21 @@ public:
                          unsigned short min_value, unsigned short max_value, unsigned short variable_reference,
                          unsigned short value, unsigned short target_value_reference, unsigned short target_value,
                          unsigned char num_macros, Attribute_event_macro* macros);
-    explicit Arched_bar_graph_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_ARCHED_BAR_GRAPH; }
+    explicit Arched_bar_graph_obj(Spec_node* node) : VT_obj(node, TYPE_ARCHED_BAR_GRAPH, tables) { init_lists(); }
 
-    VT_ATTRIBUTE_GETTER(uint16_t, width)
-    VT_ATTRIBUTE_GETTER(uint16_t, height)
-    VT_ATTRIBUTE_GETTER(uint8_t, fill_colour)
-    VT_ATTRIBUTE_GETTER(uint8_t, target_line_colour)
-    VT_ATTRIBUTE_GETTER(uint8_t, options)
-    VT_ATTRIBUTE_GETTER(uint8_t, start_angle)
-    VT_ATTRIBUTE_GETTER(uint8_t, end_angle)
-    VT_ATTRIBUTE_GETTER(uint16_t, bar_graph_width)
-    VT_ATTRIBUTE_GETTER(uint16_t, min_value)
-    VT_ATTRIBUTE_GETTER(uint16_t, max_value)
-    VT_ATTRIBUTE_GETTER(uint16_t, variable_reference)
-    VT_ATTRIBUTE_GETTER(uint16_t, value)
-    VT_ATTRIBUTE_GETTER(uint16_t, target_value_reference)
-    VT_ATTRIBUTE_GETTER(uint16_t, target_value)
-    VT_ATTRIBUTE_GETTER(uint8_t, num_macros)
+    VT_ATTRIBUTE_GETTERS(width, height, fill_colour, target_line_colour, options, start_angle, end_angle,
+                         bar_graph_width, min_value, max_value, variable_reference, value, target_value_reference,
+                         target_value, num_macros)
     VT_EVENT_MACRO_GETTERS(event_macro)
 
-private:
-    void init_lists();
-
-    Attribute_uint16 width;
-    Attribute_uint16 height;
-    Attribute_colour fill_colour;
-    Attribute_colour target_line_colour;
-    Attribute_uint8 options;
-    Attribute_uint8 start_angle;
-    Attribute_uint8 end_angle;
-    Attribute_uint16 bar_graph_width;
-    Attribute_uint16 min_value;
-    Attribute_uint16 max_value;
-    Attribute_object_id variable_reference;
-    Attribute_uint16 value;
-    Attribute_object_id target_value_reference;
-    Attribute_uint16 target_value;
-    Attribute_list_len<uint8_t> num_macros;
-    Attribute_list<Attribute_event_macro> event_macro;
-    Attribute* aid_table_storage[15 + 1];
-    Attribute* every_table_storage[16 + 1];
+    VT_OBJECT_TABLES(TYPE_ARCHED_BAR_GRAPH,
+                     (width, height, fill_colour, target_line_colour, options, start_angle, end_angle, bar_graph_width,
+                      min_value, max_value, variable_reference, value, target_value_reference, target_value),
+                     (width, height, fill_colour, target_line_colour, options, start_angle, end_angle, bar_graph_width,
+                      min_value, max_value, variable_reference, value, target_value_reference, target_value, num_macros,
+                      event_macro))
 };
 
-}
 }
 
 #endif

@@ -1,7 +1,6 @@
 #include "can/vt/objects/Base/graph/Linear_bar_graph_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 Linear_bar_graph_obj::Linear_bar_graph_obj(uint16_t id, const char* name, unsigned short width_v,
                                            unsigned short height_v, unsigned char fill_colour_v,
@@ -11,41 +10,12 @@ Linear_bar_graph_obj::Linear_bar_graph_obj(uint16_t id, const char* name, unsign
                                            unsigned short value_v, unsigned short target_variable_reference_v,
                                            unsigned short target_value_v, unsigned char num_macros_v,
                                            Attribute_event_macro* macros)
-    : VT_obj(id, TYPE_LINEAR_BAR_GRAPH, 13, aid_table_storage, 14, every_table_storage, 0, &event_macro, name),
-      width(0, 65535, width_v, "width"), height(0, 65535, height_v, "height"),
-      fill_colour(fill_colour_v, "fill_colour"), target_line_colour(target_line_colour_v, "target_line_colour"),
-      options(0, 63, options_v, "options"), no_ticks(0, 255, no_ticks_v, "no_ticks"),
-      min_value(0, 65535, min_value_v, "min_value"), max_value(0, 65535, max_value_v, "max_value"),
-      variable_reference(variable_reference_v, "variable_reference"), value(0, 65535, value_v, "value"),
-      target_variable_reference(target_variable_reference_v, "target_variable_reference"),
-      target_value(0, 65535, target_value_v, "target_value"), num_macros("num_macros", &event_macro),
-      event_macro("event_macro", macros, num_macros_v)
+    : VT_obj(id, TYPE_LINEAR_BAR_GRAPH, tables, 0, &event_macro, name)
 {
+    set_values(every_attributes(), width_v, height_v, fill_colour_v, target_line_colour_v, options_v, no_ticks_v,
+               min_value_v, max_value_v, variable_reference_v, value_v, target_variable_reference_v, target_value_v,
+               num_macros_v, macros);
     init_lists();
 }
 
-Linear_bar_graph_obj::Linear_bar_graph_obj(Spec_node* spec_node)
-    : VT_obj(spec_node, TYPE_LINEAR_BAR_GRAPH, 13, aid_table_storage, 14, every_table_storage, NO_NAME, NULL_ID),
-      width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), fill_colour(0, "fill_colour"),
-      target_line_colour(0, "target_line_colour"), options(0, 63, 0, "options"), no_ticks(0, 255, 0, "no_ticks"),
-      min_value(0, 65535, 0, "min_value"), max_value(0, 65535, 0, "max_value"),
-      variable_reference(65535, "variable_reference"), value(0, 65535, 0, "value"),
-      target_variable_reference(65535, "target_variable_reference"), target_value(0, 65535, 0, "target_value"),
-      num_macros("num_macros", &event_macro), event_macro("event_macro")
-{
-    init_lists();
-}
-
-void Linear_bar_graph_obj::init_lists()
-{
-    set_table(aid_table_storage,
-              {class_type_attribute<TYPE_LINEAR_BAR_GRAPH>(), &width, &height, &fill_colour, &target_line_colour,
-               &options, &no_ticks, &min_value, &max_value, &variable_reference, &value, &target_variable_reference,
-               &target_value});
-    set_table(every_table_storage,
-              {&width, &height, &fill_colour, &target_line_colour, &options, &no_ticks, &min_value, &max_value,
-               &variable_reference, &value, &target_variable_reference, &target_value, &num_macros, &event_macro});
-}
-
-}
 }

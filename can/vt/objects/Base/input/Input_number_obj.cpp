@@ -1,14 +1,6 @@
 #include "can/vt/objects/Base/input/Input_number_obj.h"
 
-#include <limits>
-
-namespace VT {
-namespace Base {
-
-namespace {
-const int32_t OFFSET_MIN = std::numeric_limits<int32_t>::min();
-const int32_t OFFSET_MAX = std::numeric_limits<int32_t>::max();
-}
+namespace VT::Base {
 
 Input_number_obj::Input_number_obj(uint16_t id, const char* name, unsigned short width_v, unsigned short height_v,
                                    unsigned char background_colour_v, unsigned short font_attributes_v,
@@ -17,47 +9,12 @@ Input_number_obj::Input_number_obj(uint16_t id, const char* name, unsigned short
                                    unsigned char no_decimals_v, unsigned char format_v,
                                    unsigned char horizontal_justification_v, unsigned char options2_v,
                                    unsigned char num_macros_v, Attribute_event_macro* macros)
-    : VT_obj(id, TYPE_INPUT_NUMBER, 16, aid_table_storage, 17, every_table_storage, 0, &event_macro, name),
-      width(0, 65535, width_v, "width"), height(0, 65535, height_v, "height"),
-      background_colour(background_colour_v, "background_colour"),
-      font_attributes(font_attributes_v, "font_attributes"), options(0, 15, options_v, "options"),
-      variable_reference(variable_reference_v, "variable_reference"), value(0, 4294967295u, value_v, "value"),
-      min_value(0, 4294967295u, min_value_v, "min_value"), max_value(0, 4294967295u, max_value_v, "max_value"),
-      offset(OFFSET_MIN, OFFSET_MAX, offset_v, "offset"), scale("scale", scale_v),
-      no_decimals(0, 7, no_decimals_v, "no_decimals"), format(0, 1, format_v, "format"),
-      horizontal_justification(0, 15, horizontal_justification_v, "horizontal_justification"),
-      options2(0, 3, options2_v, "options2"), num_macros("num_macros", &event_macro),
-      event_macro("event_macro", macros, num_macros_v)
+    : VT_obj(id, TYPE_INPUT_NUMBER, tables, 0, &event_macro, name)
 {
+    set_values(every_attributes(), width_v, height_v, background_colour_v, font_attributes_v, options_v,
+               variable_reference_v, value_v, min_value_v, max_value_v, offset_v, scale_v, no_decimals_v, format_v,
+               horizontal_justification_v, options2_v, num_macros_v, macros);
     init_lists();
 }
 
-// A description that gives no "offset" leaves it at the most negative value.
-Input_number_obj::Input_number_obj(Spec_node* spec_node)
-    : VT_obj(spec_node, TYPE_INPUT_NUMBER, 16, aid_table_storage, 17, every_table_storage, NO_NAME, NULL_ID),
-      width(0, 65535, 0, "width"), height(0, 65535, 0, "height"), background_colour(0, "background_colour"),
-      font_attributes(65535, "font_attributes"), options(0, 15, 0, "options"),
-      variable_reference(65535, "variable_reference"), value(0, 4294967295u, 0, "value"),
-      min_value(0, 4294967295u, 0, "min_value"), max_value(0, 4294967295u, 0, "max_value"),
-      offset(OFFSET_MIN, OFFSET_MAX, OFFSET_MIN, "offset"), scale("scale", 0.0f), no_decimals(0, 7, 0, "no_decimals"),
-      format(0, 1, 0, "format"), horizontal_justification(0, 15, 0, "horizontal_justification"),
-      options2(0, 3, 0, "options2"), num_macros("num_macros", &event_macro), event_macro("event_macro")
-{
-    init_lists();
-}
-
-// "value" comes seventh in byte order but was made addressable after the others: AID 14.
-void Input_number_obj::init_lists()
-{
-    set_table(aid_table_storage,
-              {class_type_attribute<TYPE_INPUT_NUMBER>(), &width, &height, &background_colour, &font_attributes,
-               &options, &variable_reference, &min_value, &max_value, &offset, &scale, &no_decimals, &format,
-               &horizontal_justification, &value, &options2});
-    set_table(every_table_storage,
-              {&width, &height, &background_colour, &font_attributes, &options, &variable_reference, &value,
-               &min_value, &max_value, &offset, &scale, &no_decimals, &format, &horizontal_justification, &options2,
-               &num_macros, &event_macro});
-}
-
-}
 }

@@ -3,50 +3,11 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Button (type 6): a key drawn in a mask, with a size, a border and a key code.
 class Button_obj : public VT_obj
 {
-public:
-    Button_obj(unsigned short id, const char* name, unsigned short width, unsigned short height,
-               unsigned char background_colour, unsigned char border_colour, unsigned char key_code,
-               unsigned char options, unsigned char num_objects, unsigned char num_macros,
-               Attribute_object_placement* child_location, Attribute_event_macro* event_macro);
-    explicit Button_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_BUTTON; }
-
-    uint16_t _get_width() const override
-    {
-        __check_locked();
-        return width;
-    }
-    uint16_t _get_height() const override
-    {
-        __check_locked();
-        return height;
-    }
-
-    // Lays the justified children out within the button's face: 4 pixels of border are
-    // taken off each side.
-    void justify_placements();
-    void __justify_placements();
-    // Index of the first placement of object `id`, or -1.
-    int __get_child_loc(unsigned short id) const;
-
-    VT_ATTRIBUTE_GETTER(unsigned char, background_colour)
-    VT_ATTRIBUTE_GETTER(unsigned char, border_colour)
-    VT_ATTRIBUTE_GETTER(unsigned char, key_code)
-    VT_ATTRIBUTE_GETTER(unsigned char, options)
-    VT_ATTRIBUTE_GETTER(unsigned char, num_objects)
-    VT_ATTRIBUTE_GETTER(unsigned char, num_macros)
-    VT_CHILD_LOCATION_GETTERS(child_location)
-    VT_EVENT_MACRO_GETTERS(event_macro)
-
-private:
-    void init_lists();
-
     Attribute_uint16 width{0, 65535, 0, "width"};
     Attribute_uint16 height{0, 65535, 0, "height"};
     Attribute_colour background_colour{0, "background_colour"};
@@ -58,11 +19,28 @@ private:
     Attribute_list_len<unsigned char> num_macros{"num_macros", &event_macro};
     Attribute_list<Attribute_object_placement> child_location{"child_location"};
     Attribute_list<Attribute_event_macro> event_macro{"event_macro"};
-    Attribute* aid_table_storage[7 + 1];
-    Attribute* every_table_storage[10 + 1];
+
+public:
+    Button_obj(unsigned short id, const char* name, unsigned short width, unsigned short height,
+               unsigned char background_colour, unsigned char border_colour, unsigned char key_code,
+               unsigned char options, unsigned char num_objects, unsigned char num_macros,
+               Attribute_object_placement* child_location, Attribute_event_macro* event_macro);
+    explicit Button_obj(Spec_node* node) : VT_obj(node, TYPE_BUTTON, tables) { init_lists(); }
+
+    VT_SIZE_FROM_ATTRIBUTES
+
+    // The children are laid out within the button's face, inside a border of 4 pixels.
+    VT_PLACED_CHILDREN(child_location, 4)
+
+    VT_ATTRIBUTE_GETTERS(background_colour, border_colour, key_code, options, num_objects, num_macros)
+    VT_CHILD_LOCATION_GETTERS(child_location)
+    VT_EVENT_MACRO_GETTERS(event_macro)
+
+    VT_OBJECT_TABLES(TYPE_BUTTON, (width, height, background_colour, border_colour, key_code, options),
+                     (width, height, background_colour, border_colour, key_code, options, num_objects, num_macros,
+                      child_location, event_macro))
 };
 
-}
 }
 
 #endif

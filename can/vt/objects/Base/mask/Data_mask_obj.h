@@ -4,43 +4,35 @@
 #include "can/vt/objects/Base/mask/Screen_mask_obj.h"
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Data mask (type 1): the active area's content, with the soft-key mask shown beside it.
 class Data_mask_obj : public VT_obj, public Screen_mask_obj
 {
-public:
-    Data_mask_obj(unsigned short id, const char* name, unsigned char background_colour, unsigned short soft_key_mask,
-                  unsigned char num_objects, unsigned char num_macros, Attribute_object_placement* child_location,
-                  Attribute_event_macro* event_macro);
-    explicit Data_mask_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_DATA_MASK; }
-
-    // Shows another soft-key mask with this mask (65535: none).
-    void set_soft_key_mask(unsigned short id) override;
-
-    VT_ATTRIBUTE_GETTER(unsigned char, background_colour)
-    VT_ATTRIBUTE_GETTER(unsigned short, soft_key_mask)
-    VT_ATTRIBUTE_GETTER(unsigned char, num_objects)
-    VT_ATTRIBUTE_GETTER(unsigned char, num_macros)
-    VT_CHILD_LOCATION_GETTERS(child_location)
-    VT_EVENT_MACRO_GETTERS(event_macro)
-
-private:
-    void init_lists();
-
     Attribute_colour background_colour{0, "background_colour"};
     Attribute_object_id soft_key_mask{65535, "soft_key_mask"};
     Attribute_list_len<unsigned char> num_objects{"num_objects", &child_location};
     Attribute_list_len<unsigned char> num_macros{"num_macros", &event_macro};
     Attribute_list<Attribute_object_placement> child_location{"child_location"};
     Attribute_list<Attribute_event_macro> event_macro{"event_macro"};
-    Attribute* aid_table_storage[3 + 1];
-    Attribute* every_table_storage[6 + 1];
+
+public:
+    Data_mask_obj(unsigned short id, const char* name, unsigned char background_colour, unsigned short soft_key_mask,
+                  unsigned char num_objects, unsigned char num_macros, Attribute_object_placement* child_location,
+                  Attribute_event_macro* event_macro);
+    explicit Data_mask_obj(Spec_node* node) : VT_obj(node, TYPE_DATA_MASK, tables) { init_lists(); }
+
+    // Shows another soft-key mask with this mask (65535: none).
+    void set_soft_key_mask(unsigned short id) override;
+
+    VT_ATTRIBUTE_GETTERS(background_colour, soft_key_mask, num_objects, num_macros)
+    VT_CHILD_LOCATION_GETTERS(child_location)
+    VT_EVENT_MACRO_GETTERS(event_macro)
+
+    VT_OBJECT_TABLES(TYPE_DATA_MASK, (background_colour, soft_key_mask),
+                     (background_colour, soft_key_mask, num_objects, num_macros, child_location, event_macro))
 };
 
-}
 }
 
 #endif

@@ -3,29 +3,14 @@
 #include <cstdlib>
 #include <iostream>
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 Key_obj::Key_obj(unsigned short id, const char* name, unsigned char bg, unsigned char code, unsigned char n_objects,
                  unsigned char n_macros, Attribute_object_placement* placements, Attribute_event_macro* macros)
-    : VT_obj(id, TYPE_KEY, 3, aid_table_storage, 6, every_table_storage, 0, &event_macro, name),
-      background_colour(bg, "background_colour"), key_code(1, 255, code, "key_code"),
-      child_location("child_location", placements, n_objects), event_macro("event_macro", macros, n_macros)
+    : VT_obj(id, TYPE_KEY, tables, 0, &event_macro, name)
 {
+    set_values(every_attributes(), bg, code, n_objects, n_macros, placements, macros);
     init_lists();
-}
-
-Key_obj::Key_obj(Spec_node* spec_node)
-    : VT_obj(spec_node, TYPE_KEY, 3, aid_table_storage, 6, every_table_storage, NO_NAME, NULL_ID)
-{
-    init_lists();
-}
-
-void Key_obj::init_lists()
-{
-    set_table(aid_table_storage, {class_type_attribute<TYPE_KEY>(), &background_colour, &key_code});
-    set_table(every_table_storage,
-              {&background_colour, &key_code, &num_objects, &num_macros, &child_location, &event_macro});
 }
 
 bool Key_obj::__set_by_spec(scale_area_t area)
@@ -44,9 +29,8 @@ bool Key_obj::__set_by_spec(scale_area_t area)
 
 void Key_obj::justify_placements(int width, int height)
 {
-    lock();
+    const Lock guard(*this);
     __justify_placements(width, height);
-    unlock();
 }
 
 void Key_obj::__justify_placements(int width, int height)
@@ -55,5 +39,4 @@ void Key_obj::__justify_placements(int width, int height)
     justify(child_location, int16_t(width), int16_t(height));
 }
 
-}
 }

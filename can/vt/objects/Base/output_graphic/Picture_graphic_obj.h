@@ -9,8 +9,7 @@
 #include "can/vt/objects/Base/output_graphic/Picture_image.h"
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Picture graphic (type 20): a raster picture in 1, 4 or 8 bits per pixel, optionally
 // run-length coded. It decodes itself into an indexed QImage on the VT palette, reduces its
@@ -56,15 +55,17 @@ public:
     {
     public:
         explicit Attribute_array_pixel(const char* name) : Attribute_array_uint8(name) {}
-        Attribute_array_pixel(unsigned char* data, int len, const char* name) : Attribute_array_uint8(data, len, name) {}
+        Attribute_array_pixel(unsigned char* data, int len, const char* name) : Attribute_array_uint8(data, len, name)
+        {
+        }
 
         // Binds the array to its picture and recomputes its count for the display format.
         void set_picture(Picture_graphic_obj* p);
         // The raw bytes actually stored.
         const unsigned char* stored() const { return buf; }
-        uint32_t stored_bytes() const { return buf ? held : 0; }
+        uint32_t stored_bytes() const { return held_count(); }
         // Stored byte i, or the spare element past the end.
-        const unsigned char& operator[](unsigned i) const { return i < stored_bytes() ? buf[i] : spare_element(); }
+        const unsigned char& operator[](unsigned i) const { return element(i, stored_bytes()); }
 
         int num_bytes() const override;
         using Attribute::serialise;
@@ -86,8 +87,6 @@ public:
                                    unsigned char*& out, int& room);
 
     private:
-        int serialise_4_bit_plain(int offset, uint8_t* out, int len) const;
-        int serialise_4_bit_rle(int offset, uint8_t* out, int len) const;
         uint32_t colour_depth() const;
 
         Picture_graphic_obj* picture = nullptr;
@@ -100,52 +99,8 @@ public:
                         unsigned char* bytes, Attribute_event_macro* macros);
     explicit Picture_graphic_obj(Spec_node* spec_node);
     ~Picture_graphic_obj() override;
-    type_t get_ctype() const override { return TYPE_PICTURE_GRAPHIC; }
     // A server object is sent exactly as stored, whatever the terminal.
     virtual bool is_server_obj() const { return false; }
-
-    VT_ATTRIBUTE_GETTER(uint16_t, width)
-    VT_ATTRIBUTE_GETTER(uint16_t, actual_width)
-    VT_ATTRIBUTE_GETTER(uint16_t, actual_height)
-    VT_GETTER(format_t, format, format.get())
-    VT_ATTRIBUTE_GETTER(uint8_t, options)
-    VT_ATTRIBUTE_GETTER(uint8_t, transparency_colour)
-    VT_GETTER(uint32_t, num_bytes, byte_count.get())
-    VT_ATTRIBUTE_GETTER(uint8_t, num_macros)
-    VT_INDEXED_GETTER(uint8_t, event_macro_event_id, event_macro[i].get_event_id())
-    VT_INDEXED_GETTER(uint8_t, event_macro_macro_id, event_macro[i].get_macro_id())
-    const unsigned char* get_bytes() const
-    {
-        lock();
-        const unsigned char* b = _get_bytes();
-        unlock();
-        return b;
-    }
-    const unsigned char* _get_bytes() const
-    {
-        __check_locked();
-        return bytes.stored();
-    }
-    const unsigned char* get_bytes(unsigned i) const
-    {
-        lock();
-        const unsigned char* b = _get_bytes(i);
-        unlock();
-        return b;
-    }
-    const unsigned char* _get_bytes(unsigned i) const
-    {
-        __check_locked();
-        return &bytes[i];
-    }
-    bool get_bytes(unsigned offset, unsigned char* out, unsigned len) const
-    {
-        lock();
-        bool r = _get_bytes(offset, out, len);
-        unlock();
-        return r;
-    }
-    bool _get_bytes(unsigned offset, unsigned char* out, unsigned len) const;
 
     // Actual height scaled by width / actual width.
     uint16_t _get_height() const override;
@@ -165,10 +120,8 @@ public:
     // The format the picture is sent in: no deeper than the terminal's colour depth.
     format_t get_display_format() const
     {
-        lock();
-        format_t f = _get_display_format();
-        unlock();
-        return f;
+        const Lock guard(*this);
+        return _get_display_format();
     }
     format_t _get_display_format() const;
 
@@ -189,33 +142,40 @@ public:
     void object_init() override;
 
 private:
-    void init_lists();
     bool png_capable() const;
 
-    Attribute_uint16 width;
-    Attribute_uint16 actual_width;
-    Attribute_uint16 actual_height;
-    Attribute_format format;
-    Attribute_uint8 options;
-    Attribute_colour transparency_colour;
+    Attribute_uint16 width{0, 65535, 0, "width"};
+    Attribute_uint16 actual_width{0, 65535, 0, "actual_width"};
+    Attribute_uint16 actual_height{0, 65535, 0, "actual_height"};
+    Attribute_format format{0, "format"};
+    Attribute_uint8 options{0, 7, 0, "options"};
+    Attribute_colour transparency_colour{0, "transparency_colour"};
     // The "num_bytes" attribute; named apart so that it does not hide num_bytes().
-    Attribute_list_len<unsigned int> byte_count;
-    Attribute_list_len<unsigned char> num_macros;
-    Attribute_array_pixel bytes;
-    Attribute_list<Attribute_event_macro> event_macro;
-    Attribute* aid_table_storage[7 + 1];
-    Attribute* every_table_storage[10 + 1];
+    Attribute_list_len<unsigned int> byte_count{"num_bytes", &bytes};
+    Attribute_list_len<unsigned char> num_macros{"num_macros", &event_macro};
+    Attribute_array_pixel bytes{"bytes"};
+    Attribute_list<Attribute_event_macro> event_macro{"event_macro"};
 
-    unsigned char* decoded;
-    size_t decoded_size;
+    unsigned char* decoded = nullptr;
+    size_t decoded_size = 0;
     QImage qimage;
     QImage opaque_image;
-    unsigned char* png_buf;
-    uint32_t png_size;
-    uint8_t png_owned;
+    unsigned char* png_buf = nullptr;
+    uint32_t png_size = 0;
+    uint8_t png_owned = 0;
+
+public:
+    VT_ATTRIBUTE_GETTERS(width, actual_width, actual_height, options, transparency_colour, num_macros)
+    VT_GETTER(format_t, format, format.get())
+    VT_GETTER(uint32_t, num_bytes, byte_count.get())
+    VT_EVENT_MACRO_GETTERS(event_macro)
+    VT_BYTES_GETTERS(bytes, bytes.stored_bytes())
+
+    VT_OBJECT_TABLES(TYPE_PICTURE_GRAPHIC, (width, options, transparency_colour, actual_width, actual_height, format),
+                     (width, actual_width, actual_height, format, options, transparency_colour, byte_count, num_macros,
+                      bytes, event_macro))
 };
 
-}
 }
 
 #endif

@@ -3,31 +3,25 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Colour map (type 39): a table that maps each palette index to another one.
 class Colour_map_obj : public VT_obj
 {
+    Attribute_list_len<uint16_t> num_colours{"num_colours", &colours};
+    Attribute_array_uint8 colours{"colours"};
+
 public:
     // Borrows `colours` (num_colours entries); the caller keeps it alive.
     Colour_map_obj(uint16_t id, const char* name, uint16_t num_colours, uint8_t* colours);
-    explicit Colour_map_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_COLOUR_MAP; }
+    explicit Colour_map_obj(Spec_node* node) : VT_obj(node, TYPE_COLOUR_MAP, tables) { init_lists(); }
 
     VT_GETTER(uint16_t, num_colours, colours.get_length())
     VT_INDEXED_GETTER(uint8_t, colours, colours[i])
 
-private:
-    void init_lists();
-
-    Attribute_list_len<uint16_t> num_colours{"num_colours", &colours};
-    Attribute_array_uint8 colours;
-    Attribute* aid_table_storage[1 + 1];
-    Attribute* every_table_storage[2 + 1];
+    VT_OBJECT_TABLES(TYPE_COLOUR_MAP, (), (num_colours, colours))
 };
 
-}
 }
 
 #endif

@@ -3,34 +3,30 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // External object pointer (type 43): shows an object of another working set (named by an
 // external reference name object), or a default object of this one.
 class External_object_pointer_obj : public VT_obj
 {
+    Attribute_object_id default_object_id{65535, "default_object_id"};
+    Attribute_object_id external_reference_name_id{65535, "external_reference_name_id"};
+    Attribute_object_id value{65535, "value"};
+
 public:
     External_object_pointer_obj(uint16_t id, const char* name, unsigned short default_object_id,
                                 unsigned short external_reference_name_id, unsigned short value);
-    explicit External_object_pointer_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_EXTERNAL_OBJECT_POINTER; }
+    explicit External_object_pointer_obj(Spec_node* node) : VT_obj(node, TYPE_EXTERNAL_OBJECT_POINTER, tables)
+    {
+        init_lists();
+    }
 
-    VT_ATTRIBUTE_GETTER(uint16_t, default_object_id)
-    VT_ATTRIBUTE_GETTER(uint16_t, external_reference_name_id)
-    VT_ATTRIBUTE_GETTER(uint16_t, value)
+    VT_ATTRIBUTE_GETTERS(default_object_id, external_reference_name_id, value)
 
-private:
-    void init_lists();
-
-    Attribute_object_id default_object_id;
-    Attribute_object_id external_reference_name_id;
-    Attribute_object_id value;
-    Attribute* aid_table_storage[4 + 1];
-    Attribute* every_table_storage[3 + 1];
+    VT_OBJECT_TABLES(TYPE_EXTERNAL_OBJECT_POINTER, (default_object_id, external_reference_name_id, value),
+                     (default_object_id, external_reference_name_id, value))
 };
 
-}
 }
 
 #endif

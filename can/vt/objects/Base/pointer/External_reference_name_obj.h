@@ -3,34 +3,29 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // External reference name (type 42): names another working set by its 64-bit name, held as
 // name0 (low 32 bits) and name1 (high 32 bits).
 class External_reference_name_obj : public VT_obj
 {
+    Attribute_uint8 options{0, 255, 0, "options"};
+    Attribute_uint32 name0{0, 4294967295u, 0, "name0"};
+    Attribute_uint32 name1{0, 4294967295u, 0, "name1"};
+
 public:
     External_reference_name_obj(uint16_t id, const char* name, unsigned char options, unsigned int name0,
                                 unsigned int name1);
-    explicit External_reference_name_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_EXTERNAL_REFERENCE_NAME; }
+    explicit External_reference_name_obj(Spec_node* node) : VT_obj(node, TYPE_EXTERNAL_REFERENCE_NAME, tables)
+    {
+        init_lists();
+    }
 
-    VT_ATTRIBUTE_GETTER(uint8_t, options)
-    VT_ATTRIBUTE_GETTER(uint32_t, name0)
-    VT_ATTRIBUTE_GETTER(uint32_t, name1)
+    VT_ATTRIBUTE_GETTERS(options, name0, name1)
 
-private:
-    void init_lists();
-
-    Attribute_uint8 options;
-    Attribute_uint32 name0;
-    Attribute_uint32 name1;
-    Attribute* aid_table_storage[4 + 1];
-    Attribute* every_table_storage[3 + 1];
+    VT_OBJECT_TABLES(TYPE_EXTERNAL_REFERENCE_NAME, (options, name0, name1), (options, name0, name1))
 };
 
-}
 }
 
 #endif

@@ -3,30 +3,23 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Object pointer (type 27): shows the object its value refers to.
 class Object_pointer_base_obj : public VT_obj
 {
+protected:
+    Attribute_object_id value{65535, "value"};
+
 public:
     Object_pointer_base_obj(uint16_t id, const char* name, unsigned short value);
-    explicit Object_pointer_base_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_OBJECT_POINTER; }
+    explicit Object_pointer_base_obj(Spec_node* node) : VT_obj(node, TYPE_OBJECT_POINTER, tables) { init_lists(); }
 
-    VT_ATTRIBUTE_GETTER(uint16_t, value)
+    VT_ATTRIBUTE_GETTERS(value)
 
-protected:
-    Attribute_object_id value;
-
-private:
-    void init_lists();
-
-    Attribute* aid_table_storage[2 + 1];
-    Attribute* every_table_storage[1 + 1];
+    VT_OBJECT_TABLES(TYPE_OBJECT_POINTER, (value), (value))
 };
 
-}
 }
 
 #endif

@@ -2,34 +2,31 @@
 
 #include <algorithm>
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 Object_pointer_obj::Object_pointer_obj(uint16_t id, const char* name, unsigned char num_dynamic_v,
                                        unsigned short* dynamic_children_v, unsigned short value_v)
-    : Object_pointer_base_obj(id, name, value_v), num_dynamic("num_dynamic", &dynamic_children),
-      dynamic_children(dynamic_children_v, num_dynamic_v, "dynamic_children")
+    : Object_pointer_base_obj(id, name, value_v)
 {
+    set_values(dynamic_attributes(), num_dynamic_v, dynamic_children_v);
     init_lists();
 }
 
-Object_pointer_obj::Object_pointer_obj(Spec_node* spec_node)
-    : Object_pointer_base_obj(spec_node), num_dynamic("num_dynamic", &dynamic_children),
-      dynamic_children("dynamic_children")
+Object_pointer_obj::Object_pointer_obj(Spec_node* spec_node) : Object_pointer_base_obj(spec_node)
 {
     init_lists();
 }
 
 void Object_pointer_obj::init_lists()
 {
-    set_table(dynamic_table_storage, {&num_dynamic, &dynamic_children});
+    fill_table(dynamic_table_storage, dynamic_attributes());
 }
 
 Attribute* Object_pointer_obj::get_every_attribute(uint16_t i) const
 {
-    if (i < 2)
+    if (i < DYNAMIC)
         return dynamic_table_storage[i];
-    return Object_pointer_base_obj::get_every_attribute(uint16_t(i - 2));
+    return Object_pointer_base_obj::get_every_attribute(uint16_t(i - DYNAMIC));
 }
 
 int Object_pointer_obj::_get_dynamic_children(unsigned int start, unsigned short* out, unsigned int max) const
@@ -48,5 +45,4 @@ int Object_pointer_obj::_get_dynamic_children(unsigned int start, unsigned short
     return n ? 1 : 0;
 }
 
-}
 }

@@ -5,8 +5,7 @@
 
 #include "can/vt/objects/Base/pointer/Object_pointer_base_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // An object pointer that also keeps a set of dynamic children for the host. The dynamic
 // children are seen by the walks over all attributes (print, source, description input, look-up by
@@ -21,7 +20,10 @@ public:
 
     // Walk order: "num_dynamic", "dynamic_children", then "value".
     Attribute* get_every_attribute(uint16_t i) const override;
-    uint16_t get_num_every_attribute() const override { return 3; }
+    uint16_t get_num_every_attribute() const override
+    {
+        return uint16_t(DYNAMIC + Object_pointer_base_obj::get_num_every_attribute());
+    }
 
     VT_ATTRIBUTE_GETTER(uint8_t, num_dynamic)
     VT_INDEXED_GETTER(uint16_t, dynamic_children, dynamic_children[i])
@@ -29,10 +31,8 @@ public:
     // Returns 1 when something was copied, else 0.
     int get_dynamic_children(unsigned int start, unsigned short* out, unsigned int max) const
     {
-        lock();
-        int r = _get_dynamic_children(start, out, max);
-        unlock();
-        return r;
+        const Lock guard(*this);
+        return _get_dynamic_children(start, out, max);
     }
     int _get_dynamic_children(unsigned int start, unsigned short* out, unsigned int max) const;
     const Attribute_array_object_id& _get_dynamic_children() const
@@ -54,14 +54,15 @@ public:
 
 private:
     void init_lists();
+    auto dynamic_attributes() { return std::tie(num_dynamic, dynamic_children); }
 
-    Attribute_list_len<uint8_t> num_dynamic;
-    Attribute_array_object_id dynamic_children;
-    Attribute* dynamic_table_storage[2 + 1];
+    Attribute_list_len<uint8_t> num_dynamic{"num_dynamic", &dynamic_children};
+    Attribute_array_object_id dynamic_children{"dynamic_children"};
+    static constexpr uint16_t DYNAMIC = 2;
+    Attribute* dynamic_table_storage[DYNAMIC + 1];
     QList<VT_obj*> child_objects;
 };
 
-}
 }
 
 #endif

@@ -1,32 +1,15 @@
 #include "can/vt/objects/Base/shape/Polygon_obj.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 Polygon_obj::Polygon_obj(unsigned short id, const char* name, unsigned short w, unsigned short h,
                          unsigned short line_attrs, unsigned short fill_attrs, unsigned char type,
                          unsigned char n_points, unsigned char n_macros, Attribute_point* pts,
                          Attribute_event_macro* macros)
-    : VT_obj(id, TYPE_POLYGON, 6, aid_table_storage, 9, every_table_storage, 0, &event_macro, name),
-      width(0, 65535, w, "width"), height(0, 65535, h, "height"), line_attributes(line_attrs, "line_attributes"),
-      fill_attributes(fill_attrs, "fill_attributes"), polygon_type(0, 3, type, "polygon_type"),
-      points("points", pts, n_points), event_macro("event_macro", macros, n_macros)
+    : VT_obj(id, TYPE_POLYGON, tables, 0, &event_macro, name)
 {
+    set_values(every_attributes(), w, h, line_attrs, fill_attrs, type, n_points, n_macros, pts, macros);
     init_lists();
-}
-
-Polygon_obj::Polygon_obj(Spec_node* spec_node)
-    : VT_obj(spec_node, TYPE_POLYGON, 6, aid_table_storage, 9, every_table_storage, NO_NAME, NULL_ID)
-{
-    init_lists();
-}
-
-void Polygon_obj::init_lists()
-{
-    set_table(aid_table_storage, {class_type_attribute<TYPE_POLYGON>(), &width, &height, &line_attributes,
-                                  &fill_attributes, &polygon_type});
-    set_table(every_table_storage, {&width, &height, &line_attributes, &fill_attributes, &polygon_type, &num_points,
-                                    &num_macros, &points, &event_macro});
 }
 
 void Polygon_obj::__set_scale(uint16_t x_mul, uint16_t y_mul, uint16_t x_div, uint16_t y_div)
@@ -40,5 +23,4 @@ void Polygon_obj::__set_scale(uint16_t x_mul, uint16_t y_mul, uint16_t x_div, ui
     VT_obj::__set_scale(x_mul, y_mul, x_div, y_div);
 }
 
-}
 }

@@ -3,28 +3,22 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // Number variable (type 21): a 32-bit value that other objects display.
 class Number_variable_obj : public VT_obj
 {
+    Attribute_uint32 value{0, 4294967295u, 0, "value"};
+
 public:
     Number_variable_obj(uint16_t id, const char* name, uint32_t value);
-    explicit Number_variable_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_NUMBER_VARIABLE; }
+    explicit Number_variable_obj(Spec_node* node) : VT_obj(node, TYPE_NUMBER_VARIABLE, tables) { init_lists(); }
 
-    VT_ATTRIBUTE_GETTER(uint32_t, value)
+    VT_ATTRIBUTE_GETTERS(value)
 
-private:
-    void init_lists();
-
-    Attribute_uint32 value;
-    Attribute* aid_table_storage[2 + 1];
-    Attribute* every_table_storage[1 + 1];
+    VT_OBJECT_TABLES(TYPE_NUMBER_VARIABLE, (value), (value))
 };
 
-}
 }
 
 #endif

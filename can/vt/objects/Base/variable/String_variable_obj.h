@@ -3,31 +3,25 @@
 
 #include "can/vt/objects/Object_class.h"
 
-namespace VT {
-namespace Base {
+namespace VT::Base {
 
 // String variable (type 22): a fixed-width text that other objects display.
 class String_variable_obj : public VT_obj
 {
+    Attribute_list_len<uint16_t> length{"length", &string};
+    Attribute_array_char string{"string"};
+
 public:
     // Borrows `string` (length bytes); the caller keeps it alive.
     String_variable_obj(uint16_t id, const char* name, uint16_t length, char* string);
-    explicit String_variable_obj(Spec_node* spec_node);
-    type_t get_ctype() const override { return TYPE_STRING_VARIABLE; }
+    explicit String_variable_obj(Spec_node* node) : VT_obj(node, TYPE_STRING_VARIABLE, tables) { init_lists(); }
 
     VT_GETTER(uint16_t, length, string.get_length())
     VT_STRING_GETTERS(string)
 
-private:
-    void init_lists();
-
-    Attribute_list_len<uint16_t> length;
-    Attribute_array_char string;
-    Attribute* aid_table_storage[1 + 1];
-    Attribute* every_table_storage[2 + 1];
+    VT_OBJECT_TABLES(TYPE_STRING_VARIABLE, (), (length, string))
 };
 
-}
 }
 
 #endif
