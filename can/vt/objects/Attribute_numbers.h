@@ -41,27 +41,23 @@ public:
     Attribute_numbers_template(T minimum, T maximum, const char* name)
         : Attribute(name), value(minimum), min(minimum), max(maximum)
     {
-        *this = minimum;
     }
     Attribute_numbers_template(T minimum, T maximum, T v, const char* name)
-        : Attribute(name), value(minimum), min(minimum), max(maximum)
+        : Attribute(name), value(v), min(minimum), max(maximum)
     {
-        *this = v;
+        if (v > max || v < min)
+            clamp(v);
     }
     Attribute_numbers_template(const Attribute_numbers_template&) = default;
 
-    // Range-checked assignment: out-of-range values are clamped with a warning.
+    // Range-checked assignment: out-of-range values are clamped with a warning. The check stays
+    // inline, so that building an object, which sets every attribute, costs a compare each.
     Attribute_numbers_template& operator=(T v)
     {
-        if (v > max) {
-            warn(v, "maximum", max);
-            value = max;
-        } else if (v < min) {
-            warn(v, "minimum", min);
-            value = min;
-        } else {
+        if (v > max || v < min)
+            clamp(v);
+        else
             value = v;
-        }
         return *this;
     }
     Attribute_numbers_template& operator=(const Attribute_numbers_template&) = default;
@@ -152,6 +148,17 @@ protected:
     T max;
 
 private:
+    // Sets the nearest bound in place of a value outside the range, saying so.
+    [[gnu::noinline]] void clamp(T v)
+    {
+        if (v > max) {
+            warn(v, "maximum", max);
+            value = max;
+        } else {
+            warn(v, "minimum", min);
+            value = min;
+        }
+    }
     void warn(T v, const char* bound, T limit) const
     {
         std::cerr << "WARNING: attempt to set '" << (name ? name : "ATTR_UNKNOWN") << "' to "
