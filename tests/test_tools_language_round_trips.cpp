@@ -189,6 +189,10 @@ TEST(ToolsLanguageRoundTrips, TheDefaultLanguageIsTheWorkingSetsFirstAndTextsMus
     EXPECT_EQ(out.texts.value("fr")[0].text, QString::fromUtf8("D\xC3\xA9\x62it"));
     EXPECT_TRUE(out.growing.isEmpty());
     EXPECT_EQ(out.pools.value("fr"), fr->bytes);
+    // A partial pool of a language that changes nothing holds no object.
+    ASSERT_TRUE(Language_pools::read(en->pool, en->bytes, "en.iop", "en", {{"fr", "fr.iop", ""}}, out, problems));
+    EXPECT_TRUE(out.texts.isEmpty());
+    EXPECT_EQ(out.pools.value("fr"), en->bytes);
 
     // A text shorter than the default's cannot come back: the reader pads translations.
     QByteArray shorter = fr->bytes;

@@ -158,6 +158,11 @@ bool Language_reader::text_of(VT_obj* base, VT_obj* other, const Language_pools:
 bool Language_reader::read(const Language_pools::Given& given, Described_languages& out)
 {
     const int before = problems.size();
+    // A partial pool of a language that changes nothing holds no object.
+    if (given.bytes.isEmpty()) {
+        out.pools.insert(given.code, pool_bytes);
+        return true;
+    }
     Object_pool other;
     QString error;
     if (!Pool_file::read(given.bytes, other, &error)) {
@@ -170,7 +175,9 @@ bool Language_reader::read(const Language_pools::Given& given, Described_languag
         return false;
     }
     // A whole pool holds every object of the default pool, in the same order.
-    const bool whole = other.size() == pool.size();
+    bool whole = other.size() == pool.size();
+    for (VT_obj* obj : other.objects())
+        whole = whole && pool.find(obj->get_id());
     for (int i = 0; whole && i < pool.size(); ++i)
         if (pool.objects()[i]->get_id() != other.objects()[i]->get_id()) {
             problems.append(QStringLiteral("%1 holds as many objects as %2, in another order (object %3 is %4, not %5); "
