@@ -21,6 +21,10 @@ namespace fuzz {
         }                                                                             \
     } while (0)
 
+// In an input of fuzz_describe, what parts the default pool (before it) from the German pool
+// (after it).
+const char* const LANGUAGE_MARK = "\n==de==\n";
+
 // Drops the library's debug chatter and its warnings on the standard streams (values clamped,
 // ...), which would only slow the run down. Findings are still reported: the sanitizers and
 // FUZZ_CHECK write to the standard error file directly.

@@ -3,7 +3,8 @@
 // Pool files (.iop and others) are read with the pool reader and descriptions (.xml) built;
 // each object becomes a starting input for fuzz_object (its type byte and attribute bytes), each
 // picture graphic one for fuzz_picture (its size, format, options and data), and each whole pool
-// one for fuzz_render (its pool bytes).
+// one for fuzz_render (its pool bytes), and the example in several languages ones for
+// fuzz_describe (a pool and its German pool).
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -13,7 +14,9 @@
 #include "fuzz/fuzz_support.h"
 #include "tests/every_type_pool.h"
 #include "tools/description/Description.h"
+#include "tools/pool/Partial_pool.h"
 #include "tools/pool/Pool_file.h"
+#include "tools/pool/Pool_loader.h"
 
 namespace {
 
@@ -77,6 +80,22 @@ int main(int argc, char** argv)
         }
     }
     write_input(out + "/fuzz_describe", test::every_type_pool());
+    // The default and German pools of the example in several languages, as fuzz_describe takes
+    // a pool and its German pool: whole, and only the objects German changes.
+    QByteArray pools[2];
+    for (int i = 0; i < 2; ++i) {
+        VT::Object_pool pool;
+        QStringList problems, warnings;
+        VT::Language_choice choice{i ? QByteArray("de") : QByteArray(), nullptr};
+        if (VT::Pool_loader::load(QStringLiteral(VT_EXAMPLES_DIR "/realistic_languages.xml"), pool, problems, warnings,
+                                  false, nullptr, nullptr, false, &choice))
+            pools[i] = VT::Pool_file::write(pool);
+    }
+    QByteArray partial;
+    if (!pools[0].isEmpty() && !pools[1].isEmpty() && VT::Partial_pool::differing(pools[0], pools[1], partial, nullptr)) {
+        write_input(out + "/fuzz_describe", pools[0] + fuzz::LANGUAGE_MARK + pools[1]);
+        write_input(out + "/fuzz_describe", pools[0] + fuzz::LANGUAGE_MARK + partial);
+    }
     printf("starting inputs: %d objects, %d pictures\n", objects, pictures);
     return 0;
 }

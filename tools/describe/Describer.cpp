@@ -140,6 +140,7 @@ bool Describer::describe(Object_pool& pool, const QByteArray& expected, const Op
     Description_writer::Options how;
     how.names = Object_names::choose(pool, options.names, warnings);
     how.origin = options.origin;
+    how.languages = options.languages;
     if (!Description_writer::write(pool, how, out, problems))
         return false;
 
@@ -160,6 +161,29 @@ bool Describer::describe(Object_pool& pool, const QByteArray& expected, const Op
         problems.append(QStringLiteral("the description written does not give the pool's bytes back: %1")
                             .arg(first_difference(check, expected)));
         return false;
+    }
+    return !options.languages || builds_languages(*options.languages, folder.path(), problems);
+}
+
+bool Describer::builds_languages(const Described_languages& languages, const QString& folder, QStringList& problems)
+{
+    for (const QByteArray& code : languages.codes.mid(1)) {
+        Object_pool pool;
+        QStringList build_problems, build_warnings;
+        Language_choice choice{code, nullptr};
+        const QString language = QString::fromUtf8(code);
+        if (!Pool_loader::load(QDir(folder).filePath(DESCRIPTION_FILE), pool, build_problems, build_warnings, false,
+                               nullptr, nullptr, false, &choice)) {
+            problems.append(QStringLiteral("the description written does not build in '%1':").arg(language));
+            problems += build_problems;
+            return false;
+        }
+        const QByteArray expected = languages.pools.value(code);
+        if (Pool_file::write(pool) != expected) {
+            problems.append(QStringLiteral("the description written does not give the '%1' pool back: %2")
+                                .arg(language, first_difference(pool, expected)));
+            return false;
+        }
     }
     return true;
 }

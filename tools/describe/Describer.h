@@ -19,6 +19,9 @@ public:
     {
         Object_names::By_id names; // names to give objects by id (an ID header); others keep theirs
         QString origin;            // the file described, for messages and the opening comment
+        // Texts in further languages (Language_pools); the description written must then give
+        // each language's pool as well.
+        const Described_languages* languages = nullptr;
     };
 
     // Describes `pool`, whose bytes must come back as `expected`. On success `out` holds the
@@ -33,6 +36,10 @@ public:
     // of a description outside their range are warnings (and clamped) rather than problems.
     static bool load_named(const QString& path, const Object_names::By_id& names, Object_pool& pool,
                            QStringList& problems, QStringList& warnings, bool lenient = false);
+
+    // Whether the description in `folder` built in each language but the default gives that
+    // language's pool; a problem naming the language and the object otherwise.
+    static bool builds_languages(const Described_languages& languages, const QString& folder, QStringList& problems);
 
     // Where the bytes of `pool` first part from `expected`: the object and attribute.
     static QString first_difference(Object_pool& pool, const QByteArray& expected);

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "tools/check/Object_facts.h"
+#include "tools/description/Text_table.h"
 #include "tools/describe/Xml_text.h"
 #include "tools/pictures/Picture_encoder.h"
 #include "tools/reference/Attribute_meanings.h"
@@ -136,6 +137,7 @@ private:
     static void text(const Attribute_facts& f, const QByteArray& bytes, Xml_text& e);
     void list(VT_obj* obj, const Class_facts& facts, const Attribute_facts& f, Attribute* a, Xml_text& e);
     bool picture(VT_obj* obj, Xml_text& e, QSet<QByteArray>& left_out);
+    void text_tables(const QByteArray& origin);
 
     QByteArray reference(VT_obj* obj, const QByteArray& attribute, uint16_t id);
     QByteArray macro(uint16_t id) const;
@@ -376,6 +378,8 @@ Xml_text Writer::object(VT_obj* obj, const Class_facts& facts)
     Xml_text e(facts.name);
     e.set("name", name_of(obj));
     e.set_verbatim("id", QByteArray::number(obj->get_id()));
+    if (options.languages && options.languages->growing.contains(obj->get_id()))
+        e.set_verbatim("grow", "true");
     QSet<QByteArray> from_file;
     const bool file = picture(obj, e, from_file);
     QStringList explained;
@@ -411,12 +415,31 @@ Xml_text Writer::object(VT_obj* obj, const Class_facts& facts)
     return e;
 }
 
+// A text table for each language but the default: object name = "text".
+void Writer::text_tables(const QByteArray& origin)
+{
+    const Described_languages& l = *options.languages;
+    // A line break in the file's name would end the comment.
+    const QByteArray from = QByteArray(origin).replace('\n', ' ').replace('\r', ' ');
+    for (const QByteArray& code : l.codes.mid(1)) {
+        QByteArray table = "# '" + code + "' texts of " + from + ", written by vtpool describe: object name = \"text\"\n";
+        for (const Described_languages::Text& t : l.texts.value(code))
+            table += options.names.value(t.id) + " = " + Text_table::quoted(t.text).toUtf8() + "\n";
+        out.files.append({options.texts + "/" + QString::fromUtf8(code) + ".txt", table});
+    }
+}
+
 void Writer::write()
 {
     QByteArray xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
     // A comment cannot hold "--".
     const QByteArray origin = QFileInfo(options.origin).fileName().toUtf8().replace("--", "- -");
-    xml += "<!-- Described by vtpool from " + origin + ": vtpool build gives its bytes again. -->\n<object_pool>\n";
+    xml += "<!-- Described by vtpool from " + origin + ": vtpool build gives its bytes again. -->\n<object_pool";
+    if (options.languages) {
+        xml += " languages=\"" + options.languages->codes.join(' ') + "\" texts=\"" + options.texts.toUtf8() + "/\"";
+        text_tables(origin);
+    }
+    xml += ">\n";
     for (VT_obj* obj : pool.objects()) {
         const Class_facts* facts = class_facts(obj->get_type());
         if (!facts) {

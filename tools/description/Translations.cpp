@@ -72,10 +72,25 @@ QString Translations::code_plane_name(uint8_t font_type)
     }
 }
 
+namespace {
+
+// "ISO 8859-5" is the codec "ISO-8859-5".
+QTextCodec* codec_of(uint8_t font_type)
+{
+    return QTextCodec::codecForName("ISO-" + Translations::code_plane_name(font_type).mid(4).toLatin1());
+}
+
+}
+
+QString Translations::decode(const QByteArray& bytes, uint8_t font_type)
+{
+    QTextCodec* codec = codec_of(font_type);
+    return codec ? codec->toUnicode(bytes) : QString::fromLatin1(bytes);
+}
+
 bool Translations::encode(const QString& text, uint8_t font_type, QByteArray& out, QString* bad)
 {
-    // "ISO 8859-5" is the codec "ISO-8859-5".
-    QTextCodec* codec = QTextCodec::codecForName("ISO-" + code_plane_name(font_type).mid(4).toLatin1());
+    QTextCodec* codec = codec_of(font_type);
     if (!codec)
         return false;
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);

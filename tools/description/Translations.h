@@ -71,6 +71,8 @@ public:
     // `text` is not in it; `bad` is then that character.
     static QString code_plane_name(uint8_t font_type);
     static bool encode(const QString& text, uint8_t font_type, QByteArray& out, QString* bad = nullptr);
+    // The text whose bytes in the code plane of `font_type` are `bytes`.
+    static QString decode(const QByteArray& bytes, uint8_t font_type);
 
 private:
     void read_languages(Xml_element& root, const QString& file, QStringList& problems);

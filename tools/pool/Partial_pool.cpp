@@ -10,14 +10,20 @@ namespace VT {
 
 namespace {
 
-struct Object_bytes
-{
-    uint16_t id;
-    QByteArray bytes;
-};
+using Object_bytes = Partial_pool::Object_bytes;
 
-// Pool bytes cut into their objects, as the pool reader finds them.
-bool split(const QByteArray& bytes, const char* which, QVector<Object_bytes>& out, QString* error)
+// Where each id stands among the objects.
+QHash<uint16_t, int> positions(const QVector<Object_bytes>& objects)
+{
+    QHash<uint16_t, int> at;
+    for (int i = 0; i < objects.size(); ++i)
+        at.insert(objects[i].id, i);
+    return at;
+}
+
+}
+
+bool Partial_pool::split(const QByteArray& bytes, const char* which, QVector<Object_bytes>& out, QString* error)
 {
     if (bytes.isEmpty()) // a partial pool may hold no object
         return true;
@@ -35,17 +41,6 @@ bool split(const QByteArray& bytes, const char* which, QVector<Object_bytes>& ou
         out.append({pool.objects()[i]->get_id(), bytes.mid(start, end - start)});
     }
     return true;
-}
-
-// Where each id stands among the objects.
-QHash<uint16_t, int> positions(const QVector<Object_bytes>& objects)
-{
-    QHash<uint16_t, int> at;
-    for (int i = 0; i < objects.size(); ++i)
-        at.insert(objects[i].id, i);
-    return at;
-}
-
 }
 
 bool Partial_pool::differing(const QByteArray& base, const QByteArray& changed, QByteArray& out, QString* error,

@@ -3,6 +3,8 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QVector>
+#include <cstdint>
 
 namespace VT {
 
@@ -11,6 +13,17 @@ namespace VT {
 class Partial_pool
 {
 public:
+    // One object of pool bytes: its id and its bytes.
+    struct Object_bytes
+    {
+        uint16_t id;
+        QByteArray bytes;
+    };
+
+    // Pool bytes cut into their objects, as the pool reader finds them; `which` names the pool
+    // in `error` ("the base pool does not read: ...").
+    static bool split(const QByteArray& bytes, const char* which, QVector<Object_bytes>& out, QString* error);
+
     // The objects of pool bytes `changed` whose bytes differ from the object of the same id in
     // `base` (or that `base` lacks), in the order of `changed`. False, with `error` set, when
     // either does not read as pool bytes; `count` receives the number of objects.

@@ -6,6 +6,7 @@
 
 #include "tools/describe/Object_names.h"
 #include "tools/pool/Labels.h"
+#include "tools/source/Language_tables.h"
 
 namespace VT {
 
@@ -58,6 +59,8 @@ bool Id_header::write(const Object_pool& pool, const Options& options, QByteArra
     if (options.declares_objects)
         out += "\n// The pool's objects in pool order, built on the first call.\n"
                "const std::vector<VT::VT_obj*>& objects();\n";
+    if (options.declares_languages)
+        out += QByteArray("\n") + Language_tables::types() + Language_tables::lookup_declaration();
     if (in_namespace)
         out += "\n}\n";
     out += "\n#endif\n";

@@ -22,6 +22,9 @@ public:
         // Also declares NAME_SPACE::objects(), which source generated with the same namespace
         // defines (vtpool source --header).
         bool declares_objects = false;
+        // Also declares the types of the language tables and language_table(), which source
+        // generated for a pool in several languages defines.
+        bool declares_languages = false;
     };
 
     // False (and `error`) when an object's name cannot be a C name.

@@ -127,6 +127,8 @@ bool Source_generator::generate(Object_pool& pool, const QString& origin, std::o
     os << "    {\n    }\n\n";
     os << "    VT::VT_obj* objects[" << std::max(pool.size(), 1) << "] = {" << refs.join(", ").toStdString() << "};\n";
     os << "};\n";
+    if (!options.languages.isEmpty())
+        Language_tables::write(options.languages, options.header.isEmpty(), os);
     if (!ns.empty())
         os << "\nconst std::vector<VT::VT_obj*>& objects()\n{\n    static Pool pool;\n"
            << "    static const std::vector<VT::VT_obj*> list(pool.objects, pool.objects + " << pool.size()

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "tools/pool/Object_pool.h"
+#include "tools/source/Language_tables.h"
 
 namespace VT {
 
@@ -19,6 +20,9 @@ public:
         // NAME_SPACE::objects(), the pool's objects in pool order, built on the first call.
         QString name_space;
         QString header; // a header to include first (the ID header that declares objects())
+        // A pool in several languages: each language's table and language_table(), after the
+        // pool (the types of the tables are the header's when there is one). Empty: none.
+        QVector<Language_tables::Table> languages;
     };
 
     // False (and `error`) when the names cannot be C++ identifiers or references carry no names

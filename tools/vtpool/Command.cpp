@@ -54,7 +54,7 @@ bool Invocation::read()
         return false;
     }
     for (const Option& o : cmd.options)
-        if (!o.value_name.isEmpty() && parser.values(o.names.first()).size() > 1) {
+        if (!o.value_name.isEmpty() && !o.repeatable && parser.values(o.names.first()).size() > 1) {
             usage_error(QStringLiteral("%1 given twice").arg(o.spelled()));
             return false;
         }
@@ -125,6 +125,11 @@ QString Invocation::value(const QString& name) const
     return declares(name) ? parser.value(name) : QString();
 }
 
+QStringList Invocation::values(const QString& name) const
+{
+    return declares(name) ? parser.values(name) : QStringList();
+}
+
 int Invocation::usage_error(const QString& text) const
 {
     std::cerr << "vtpool " << cmd.name << ": " << text.toStdString() << "\n"
@@ -134,22 +139,39 @@ int Invocation::usage_error(const QString& text) const
 
 bool Invocation::load(Object_pool& pool, bool verbose, bool* is_description, VT::Check::Loaded* loaded) const
 {
+    // --language chooses the language of a description where it takes a code (describe's
+    // names language pools instead).
+    const Option* chosen = option("language");
+    const QByteArray code = !language.isEmpty()                              ? language
+                            : chosen && chosen->value_name == "CODE" ? value("language").toUtf8()
+                                                                     : QByteArray();
     VT::Check::Loaded l =
-        VT::Check::load(argument(), pool, verbose || (declares("verbose") && is_set("verbose")), is_set("lenient"),
-                        language.isEmpty() ? value("language").toUtf8() : language);
+        VT::Check::load(argument(), pool, verbose || (declares("verbose") && is_set("verbose")), is_set("lenient"), code);
     for (const auto& d : l.duplicates)
         l.warnings.append(QStringLiteral("%1: %2 at offset %3 has the id of %4 at offset %5")
                               .arg(argument(), VT::object_label(pool.objects()[d.first]))
                               .arg(l.source.offsets.value(d.first))
                               .arg(VT::object_label(pool.objects()[d.second]))
                               .arg(l.source.offsets.value(d.second)));
-    print_lines(l.warnings, "warning: ");
+    print_once(l.warnings, "warning: ");
     print_lines(l.problems, "error: ");
     if (is_description)
         *is_description = l.is_description;
     if (loaded)
         *loaded = l;
     return l.ok;
+}
+
+void Invocation::print_once(const QStringList& lines, const char* prefix) const
+{
+    // Only what an earlier call printed is left out: lines one call repeats are shown as given.
+    QStringList fresh;
+    for (const QString& l : lines)
+        if (!printed.contains(prefix + l))
+            fresh.append(l);
+    for (const QString& l : fresh)
+        printed.insert(prefix + l);
+    print_lines(fresh, prefix);
 }
 
 bool Invocation::load_named(Object_pool& pool, bool* is_description) const
@@ -162,7 +184,7 @@ bool Invocation::load_named(Object_pool& pool, bool* is_description) const
     VT::Object_names::By_id names;
     bool ok = !is_set("names") || VT::Object_names::read_header(value("names"), names, problems, warnings);
     ok = ok && VT::Describer::load_named(argument(), names, pool, problems, warnings, is_set("lenient"));
-    print_lines(warnings, "warning: ");
+    print_once(warnings, "warning: ");
     print_lines(problems, "error: ");
     return ok;
 }

@@ -2,6 +2,7 @@
 #define TOOLS_VTPOOL_COMMAND_H
 
 #include <QCommandLineParser>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -26,6 +27,7 @@ struct Option
     QString value_name; // shown in the help ("FILE"); empty for an option that takes no value
     QString help;
     bool required = false;
+    bool repeatable = false; // may be given more than once (Invocation::values)
 
     // -o VALUE, which every command that writes a file or folder requires.
     static Option output(const QString& value_name, const QString& help);
@@ -74,6 +76,8 @@ public:
     bool declares(const QString& name) const;
     bool is_set(const QString& name) const;
     QString value(const QString& name) const;
+    // Every value of a repeatable option, in the order given.
+    QStringList values(const QString& name) const;
 
     // Prints "vtpool COMMAND: text" and where to find the usage; returns USAGE.
     int usage_error(const QString& text) const;
@@ -88,6 +92,9 @@ public:
     // The language a description is loaded in from now on (empty: its default language, or
     // the command's --language).
     void set_language(const QByteArray& code) { language = code; }
+    // Prints those of `lines` this invocation has not printed yet, each after `prefix`: a
+    // description loaded once per language warns once.
+    void print_once(const QStringList& lines, const char* prefix) const;
     // Loads it with its objects named as describe names them (and as --names gives them, where
     // the command has that option): a pool file goes through its description, so that its
     // references carry names.
@@ -114,6 +121,7 @@ private:
     QCommandLineParser parser;
     QStringList positional;
     QByteArray language;
+    mutable QSet<QString> printed; // by print_once
 };
 
 // What vtpool is, what its POOL and INPUT arguments are, and what its exit statuses mean: said

@@ -80,7 +80,8 @@ bool Terminal_options::read(const Invocation& in, Target& target)
     return true;
 }
 
-bool Terminal_options::adapt(Object_pool& pool, const Target& target, bool is_description, bool downgrade)
+bool Terminal_options::adapt(const Invocation& in, Object_pool& pool, const Target& target, bool is_description,
+                             bool downgrade)
 {
     QStringList problems, warnings;
     if (!is_description && (target.design.mask_width || target.design.key_width))
@@ -90,7 +91,7 @@ bool Terminal_options::adapt(Object_pool& pool, const Target& target, bool is_de
     options.design = target.design;
     options.downgrade = downgrade;
     const bool adapted = VT::Terminal_adaptation::adapt(pool, target.terminal, options, problems, warnings);
-    print_lines(warnings, "warning: ");
+    in.print_once(warnings, "warning: ");
     print_lines(problems, "error: ");
     if (!adapted)
         std::cerr << "error: the pool cannot be made one this terminal loads; nothing written" << std::endl;

@@ -32,9 +32,11 @@ public:
 
     // Makes the pool the target terminal's own (VT::Terminal_adaptation): scaled from the
     // screen it was designed for where sizes of both were given, objects read from pool bytes
-    // first learning the area they are drawn in. Prints the warnings and problems; false, after
+    // first learning the area they are drawn in. Prints the problems and the warnings `in` has
+    // not printed yet (a pool made the terminal's once per language warns once); false, after
     // saying that nothing is written, when the pool cannot be made the terminal's.
-    static bool adapt(Object_pool& pool, const Target& target, bool is_description, bool downgrade);
+    static bool adapt(const Invocation& in, Object_pool& pool, const Target& target, bool is_description,
+                      bool downgrade);
 };
 
 }

@@ -30,7 +30,7 @@ bool make_pool(Invocation& in, Target& target, unsigned chunk, const QByteArray&
         return false;
     // A pool file written without terminal options is written back as it was read.
     if (is_description || target.named) {
-        if (!Terminal_options::adapt(pool, target, is_description, in.is_set("downgrade")))
+        if (!Terminal_options::adapt(in, pool, target, is_description, in.is_set("downgrade")))
             return false;
         // The pool as the terminal gets it, against the terminal's VT version.
         if (target.terminal.vt_version && !VT::Check::may_build(loaded, pool, target.terminal.vt_version, rules, std::cerr))
