@@ -66,7 +66,7 @@ TEST(ToolsReference, OffsetsAndSizesAreWhereTheBytesAre)
         }
         obj->unlock();
         std::unique_ptr<VT::VT_obj> empty(facts->entry->make(nullptr));
-        if (facts->entry->in_pool_files) {
+        if (facts->entry->in_pool_files()) {
             EXPECT_EQ(empty->num_bytes(), facts->fixed_bytes) << facts->name.constData();
         }
     }

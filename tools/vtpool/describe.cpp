@@ -65,7 +65,8 @@ Command describe_command()
             "Objects are named <Type>_<id>, or as an ID header names them (--names).\n",
             {Option::output("DIR", "the folder to write into, created if missing"),
              Invocation::names_option(),
-             {{"accept-changes"}, "", "describe a pool whose values the reader had to clamp, as read"}},
+             {{"accept-changes"}, "", "describe a pool whose values the reader had to clamp, as read"},
+             Invocation::vt6_objects_option()},
             run};
 }
 
