@@ -30,26 +30,26 @@ std::set<unsigned> types(const char* text)
 // The containment table: per parent, the children admitted from each VT version 2..6.
 // Child 255 (the NULL reference) is listed where it needs no context value.
 const std::map<unsigned, std::array<const char*, 5>> containment = {
-    {0, {"11-16, 20", "", "3, 17-19, 27, 36, 37", "", "46, 48"}},
-    {1, {"3, 6-20, 27", "0, 31-33", "36, 37", "43, 44", "46, 48"}},
-    {2, {"3, 11-20, 27", "0, 31-33", "36, 37", "43, 44", "46, 48"}},
-    {3, {"3, 6-20, 27", "0, 31-33", "36, 37", "43, 44", "46, 48"}},
+    {0, {"11-16, 20", "", "3, 17-19, 27, 36, 37", "", "46"}},
+    {1, {"3, 6-20, 27", "0, 31-33", "36, 37", "43, 44", "46"}},
+    {2, {"3, 11-20, 27", "0, 31-33", "36, 37", "43, 44", "46"}},
+    {3, {"3, 6-20, 27", "0, 31-33", "36, 37", "43, 44", "46"}},
     {4, {"5, 27", "", "", "43", ""}},
-    {5, {"3, 11-16, 20, 27", "", "0, 17-19, 36, 37", "43, 44", "46, 48"}},
-    {6, {"3, 11-16, 20, 27", "", "0, 17-19, 36, 37", "43, 44", "46, 48"}},
-    {10, {"11, 12, 20", "", "0, 3, 13-19, 27, 36, 37", "43", "46, 48"}},
-    {29, {"11-16, 20", "", "", "", "46, 48"}},
-    {30, {"11-16, 20", "", "", "", "46, 48"}},
-    {31, {"", "3, 11-20, 27", "36, 37", "", "46, 48"}},
-    {32, {"", "3, 11-20, 27", "36, 37", "", "46, 48"}},
-    {34, {"", "", "0, 3, 6-20, 27, 31-33, 36, 37", "43, 44", "46, 48"}},
+    {5, {"3, 11-16, 20, 27", "", "0, 17-19, 36, 37", "43, 44", "46"}},
+    {6, {"3, 11-16, 20, 27", "", "0, 17-19, 36, 37", "43, 44", "46"}},
+    {10, {"11, 12, 20", "", "0, 3, 13-19, 27, 36, 37", "43", "46"}},
+    {29, {"11-16, 20", "", "", "", "46"}},
+    {30, {"11-16, 20", "", "", "", "46"}},
+    {31, {"", "3, 11-20, 27", "36, 37", "", "46"}},
+    {32, {"", "3, 11-20, 27", "36, 37", "", "46"}},
+    {34, {"", "", "0, 3, 6-20, 27, 31-33, 36, 37", "43, 44", "46"}},
     {35, {"", "", "5, 27", "43", ""}},
-    {37, {"", "", "0, 3, 6-20, 27, 31-33, 36, 37", "43, 44", "46, 48"}},
-    {40, {"", "", "0-20, 31, 32, 34-37", "", "45-48"}},
-    {44, {"", "", "", "3, 11-20, 27, 36, 37", "46, 48"}},
-    {502, {"3, 11-16, 20, 27, 255", "", "0, 17-19, 36, 37", "", "46, 48"}},
+    {37, {"", "", "0, 3, 6-20, 27, 31-33, 36, 37", "43, 44", "46"}},
+    {40, {"", "", "0-20, 31, 32, 34-37", "", "45-47"}},
+    {44, {"", "", "", "3, 11-20, 27, 36, 37", "46"}},
+    {502, {"3, 11-16, 20, 27, 255", "", "0, 17-19, 36, 37", "", "46"}},
     {758, {"255, 758, 1014", "", "", "", ""}},
-    {1014, {"3, 6-20, 27, 255, 1270", "0, 31-33", "36, 37", "", "46, 48"}},
+    {1014, {"3, 6-20, 27, 255, 1270", "0, 31-33", "36, 37", "", "46"}},
     {1270, {"7-12, 255", "", "37, 1526", "", ""}},
     {1526, {"1270", "", "", "", ""}},
 };
@@ -92,8 +92,8 @@ TEST(Type_catalogue, names)
         "Auxiliary_type2_input", "Auxiliary_type2_control_designator", "Window_mask", "Key_group",
         "Graphics_context", "Output_list", "Extended_input_attributes", "Colour_map", "Object_labelref_list",
         "External_object_definition", "External_reference_name", "External_object_pointer", "Animation",
-        "Colour_palette", "PNG", "Working_set_special_controls", "Scaled_graphic"};
-    for (unsigned t = 0; t < 49; ++t) {
+        "Colour_palette", "PNG", "Working_set_special_controls"};
+    for (unsigned t = 0; t < 48; ++t) {
         EXPECT_STREQ(T::get_type_string(T::type_t(t)), standard[t]) << t;
         EXPECT_STREQ(VT_obj_relationships::get_name(T::type_t(t)), standard[t]) << t;
     }
@@ -101,12 +101,11 @@ TEST(Type_catalogue, names)
                                            {243, "Named_colour"}, {244, "Named_colour_mask"},
                                            {245, "Translatable_string"}, {502, "Config_icon"},
                                            {758, "Config_node"},  {1014, "Config_page"},
-                                           {1270, "Config_item"}, {1526, "Config_table"},
-                                           {302, "Graphic_data"}, {303, "Iso_special_controls"}};
+                                           {1270, "Config_item"}, {1526, "Config_table"}};
     for (auto& [t, name] : own)
         EXPECT_STREQ(T::get_type_string(T::type_t(t)), name) << t;
     // Everything else, including the configuration base and other high bytes, is unknown.
-    for (unsigned t : {49u, 100u, 240u, 246u, 247u, 255u, 256u, 257u, 301u, 304u, 501u, 1782u, 65535u})
+    for (unsigned t : {48u, 100u, 240u, 246u, 247u, 255u, 256u, 257u, 501u, 1782u, 65535u})
         EXPECT_STREQ(T::get_type_string(T::type_t(t)), "UNKNOWN") << t;
 }
 

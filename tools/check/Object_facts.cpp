@@ -4,12 +4,13 @@
 #include <algorithm>
 #include <cstring>
 
+#include "tools/pool/Object_factory.h"
 #include "vt_core.h"
 
 namespace VT {
 namespace Check {
 
-// The catalogue's name for each type number.
+// The name of each type number.
 #define T(NAME) VT_obj_type::TYPE_##NAME
 
 QString type_names(Type_set set)
@@ -17,7 +18,7 @@ QString type_names(Type_set set)
     QStringList names;
     for (unsigned b = 0; b < TYPE_SET_BITS; ++b)
         if (set >> b & 1)
-            names.append(QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(bit_type(b)))));
+            names.append(QString::fromLatin1(Object_factory::type_name(bit_type(b))));
     if (names.size() < 2)
         return names.join(QString());
     const QString last = names.takeLast();

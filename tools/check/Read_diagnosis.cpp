@@ -72,7 +72,7 @@ bool read_rest(const QByteArray& bytes, int offset, bool keep_duplicate_ids, Vt6
 QString Suspect::text() const
 {
     return QStringLiteral("%1 %2 at offset %3 is probably %4 bytes long%5: with that length the rest of the pool reads")
-        .arg(QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(type))))
+        .arg(QString::fromLatin1(Object_factory::type_name(type)))
         .arg(id)
         .arg(offset)
         .arg(fitting_length)

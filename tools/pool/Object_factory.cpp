@@ -22,12 +22,12 @@ VT_obj* make_at(void* place, Spec_node* spec_node)
     return new (place) X(spec_node);
 }
 
-#define VT_ENTRY(TYPE, CLASS, FORMS) \
-    {VT_obj_type::TYPE, &make<Base::CLASS>, &make_at<Base::CLASS>, sizeof(Base::CLASS), FORMS}
-#define VT_CLASS(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 3)
-#define VT_LEGACY_FORM(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 1)
-#define VT_ISO_FORM(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 2)
-#define VT_DESCRIPTION_ONLY(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 0)
+#define VT_ENTRY(TYPE, CLASS, FORMS, OWN_NAME) \
+    {VT_obj_type::TYPE, &make<Base::CLASS>, &make_at<Base::CLASS>, sizeof(Base::CLASS), FORMS, OWN_NAME}
+#define VT_CLASS(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 3, nullptr)
+#define VT_LEGACY_FORM(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 1, nullptr)
+#define VT_ISO_FORM(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 2, Base::CLASS::TYPE_NAME)
+#define VT_DESCRIPTION_ONLY(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 0, nullptr)
 
 // Every object class of the library.
 const Object_factory::Entry classes[] = {
@@ -108,6 +108,7 @@ struct Index
     // forms of types 46 and 47 under their type byte), the few configuration types are searched.
     const Object_factory::Entry* by_type[2][256] = {};
     QVector<const Object_factory::Entry*> extended;
+    QHash<unsigned, const char*> own_names;
 
     Index()
     {
@@ -115,6 +116,8 @@ struct Index
             entries.append(&e);
             by_name.insert(QString::fromLatin1(e.name()), &e);
             by_utf8_name.insert(QByteArray(e.name()), &e);
+            if (e.own_name)
+                own_names.insert(unsigned(e.type), e.own_name);
             if ((unsigned(e.type) & 0xFF) == VT_obj_type::TYPE_CONFIG && unsigned(e.type) >= 256) {
                 extended.append(&e);
                 continue;
@@ -175,9 +178,16 @@ const QList<const Object_factory::Entry*>& Object_factory::all()
     return index().entries;
 }
 
+const char* Object_factory::type_name(unsigned full_type)
+{
+    if (const char* own = index().own_names.value(full_type, nullptr))
+        return own;
+    return VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+}
+
 bool Object_factory::catalogue_knows(unsigned full_type)
 {
-    return strcmp(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type)), "UNKNOWN") != 0;
+    return strcmp(type_name(full_type), "UNKNOWN") != 0;
 }
 
 bool Object_factory::catalogue_knows(const QByteArray& type_name)
@@ -187,7 +197,7 @@ bool Object_factory::catalogue_knows(const QByteArray& type_name)
         QSet<QByteArray> known;
         for (unsigned t = 0; t <= 0xFFFF; ++t)
             if (catalogue_knows(t))
-                known.insert(QByteArray(VT_obj_type::get_type_string(VT_obj_type::type_t(t))));
+                known.insert(QByteArray(Object_factory::type_name(t)));
         return known;
     }();
     return names.contains(type_name);

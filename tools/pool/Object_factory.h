@@ -20,7 +20,8 @@ const char* vt6_objects_name(Vt6_objects form);
 bool parse_vt6_objects(const QByteArray& text, Vt6_objects& out);
 
 // Which class builds an object of a given type. One table of entries; adding a class is one
-// line there. Type names are those of VT_obj_type::get_type_string.
+// line there. Type names are those of VT_obj_type::get_type_string, and for the ISO forms of the
+// version 6 objects, which the catalogue leaves unnamed, the names their classes give.
 class Object_factory
 {
 public:
@@ -37,7 +38,9 @@ public:
         uint8_t pool_forms;
         bool in_pool_files() const { return pool_forms != 0; }
         bool in_form(Vt6_objects form) const { return pool_forms >> unsigned(form) & 1; }
-        const char* name() const { return VT_obj_type::get_type_string(type); }
+        // The name of a type the catalogue leaves unnamed (the ISO forms), else null.
+        const char* own_name;
+        const char* name() const { return own_name ? own_name : VT_obj_type::get_type_string(type); }
     };
 
     // The entry for a type name of a description, or null.
@@ -47,9 +50,12 @@ public:
     // null. The full type is the type byte, and for configuration objects their kind above it.
     static const Entry* find_for_pool(unsigned full_type, Vt6_objects form = Vt6_objects::legacy);
     static const QList<const Entry*>& all();
+    // The name of a full type: its class's, else the catalogue's ("UNKNOWN" for types neither
+    // knows).
+    static const char* type_name(unsigned full_type);
 
-    // Whether the type catalogue knows a type of this full type or name, whether or not this
-    // build has a class for it.
+    // Whether a type of this full type or name is known, to the catalogue or by a class, whether
+    // or not this build has a class for it.
     static bool catalogue_knows(unsigned full_type);
     static bool catalogue_knows(const QByteArray& type_name);
 };

@@ -63,7 +63,7 @@ struct Plain_types
     {
         for (unsigned t = 0; t < 256; ++t) {
             Plain_type& p = types[t];
-            p.name = VT_obj_type::get_type_string(VT_obj_type::type_t(t));
+            p.name = Object_factory::type_name(t);
             p.name_len = strnlen(p.name, VT_obj::NAME_LEN + 1);
             p.marks_input = false;
             if (const Object_factory::Entry* entry = Object_factory::find_for_pool(t)) {
@@ -153,7 +153,7 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
                 .arg(index)
                 .arg(id)
                 .arg(type)
-                .arg(QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(named_type))))
+                .arg(QString::fromLatin1(Object_factory::type_name(named_type)))
                 .arg(offset);
         };
         if (!entry) {

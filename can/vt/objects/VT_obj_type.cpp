@@ -15,11 +15,10 @@ const char* const standard_names[] = {
     "Auxiliary_type2_control_designator", "Window_mask", "Key_group", "Graphics_context",
     "Output_list", "Extended_input_attributes", "Colour_map", "Object_labelref_list",
     "External_object_definition", "External_reference_name", "External_object_pointer", "Animation",
-    "Colour_palette", "PNG", "Working_set_special_controls", "Scaled_graphic",
+    "Colour_palette", "PNG", "Working_set_special_controls",
 };
 const char* const own_names[] = {"Field", "Swath", "Named_colour", "Named_colour_mask", "Translatable_string"};
 const char* const config_names[] = {"Config_icon", "Config_node", "Config_page", "Config_item", "Config_table"};
-const char* const iso_form_names[] = {"Graphic_data", "Iso_special_controls"};
 }
 
 const char* VT_obj_type::get_type_string(type_t type)
@@ -31,8 +30,6 @@ const char* VT_obj_type::get_type_string(type_t type)
         return own_names[t - TYPE_FIELD];
     if ((t & 0xFF) == 246 && t >= TYPE_CONFIG_ICON && t <= TYPE_CONFIG_TABLE)
         return config_names[(t >> 8) - 1];
-    if (t == TYPE_GRAPHIC_DATA || t == TYPE_ISO_SPECIAL_CONTROLS)
-        return iso_form_names[t - TYPE_GRAPHIC_DATA];
     return "UNKNOWN";
 }
 

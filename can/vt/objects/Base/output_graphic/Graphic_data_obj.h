@@ -22,6 +22,7 @@ class Graphic_data_obj : public VT_obj
 
 public:
     enum { FORMAT_PNG = 0 };
+    VT_OWN_TYPE_NAME("Graphic_data")
 
     // Borrows `bytes` (num_bytes bytes); the caller keeps it alive.
     Graphic_data_obj(uint16_t id, const char* name, uint8_t format, uint32_t num_bytes, uint8_t* bytes);

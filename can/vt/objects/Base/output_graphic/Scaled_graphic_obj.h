@@ -20,6 +20,7 @@ class Scaled_graphic_obj : public VT_obj
     Attribute_list<Attribute_event_macro> event_macro{"event_macro"};
 
 public:
+    VT_OWN_TYPE_NAME("Scaled_graphic")
     enum {
         SCALE_NONE = 0,       // the image's own size
         SCALE_TO_WIDTH = 1,   // the box's width, the height keeping the aspect ratio

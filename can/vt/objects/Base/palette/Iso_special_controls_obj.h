@@ -16,6 +16,7 @@ class Iso_special_controls_obj : public VT_obj
     Attribute_list<Attribute_language_pair> language_pairs{"language_pairs"};
 
 public:
+    VT_OWN_TYPE_NAME("Iso_special_controls")
     Iso_special_controls_obj(uint16_t id, const char* name, uint16_t colour_map, uint16_t colour_palette,
                              uint8_t num_language_pairs, Attribute_language_pair* language_pairs);
     explicit Iso_special_controls_obj(Spec_node* node) : VT_obj(node, TYPE_ISO_SPECIAL_CONTROLS, tables)
