@@ -1,6 +1,7 @@
 // The ISO forms of the object types VT version 6 added: graphic data, special controls and
 // scaled graphics, their bytes, their pools and their descriptions.
 #include <QTemporaryDir>
+#include <sstream>
 #include <gtest/gtest.h>
 
 #include "picture_support.h"
@@ -83,6 +84,17 @@ TEST(Scaled_graphic_obj, lays_out_its_box_scaling_and_graphic_at_their_limits)
     EXPECT_EQ(test::serialise_whole(back), whole);
     EXPECT_EQ(back.get_event_macro_macro_id(1), 255);
     expect_truncation_fails(*std::make_unique<Scaled_graphic_obj>(new test::Fake_spec()), whole);
+
+    // The class names its type, and generated source its class, while the type catalogue and
+    // its containment table keep type 48 unknown.
+    EXPECT_STREQ(obj.get_type_string(), "Scaled_graphic");
+    std::ostringstream source;
+    obj.get_code_def(source, 0);
+    EXPECT_NE(source.str().find("Scaled_graphic_obj"), std::string::npos) << source.str();
+    EXPECT_STREQ(VT_obj_type::get_type_string(VT_obj_type::TYPE_SCALED_GRAPHIC), "UNKNOWN");
+    EXPECT_EQ(Base::VT_obj_relationships::get_child_allowed(VT_obj_type::TYPE_DATA_MASK,
+                                                            VT_obj_type::TYPE_SCALED_GRAPHIC, 0),
+              0);
 
     // The top bit of the scale type and the other option bits are reserved.
     Bytes reserved = whole;
