@@ -83,13 +83,19 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         QString error;
         VT::Pool_file::Read_report report;
         report.keep_duplicate_ids = true;
+        // The input's length chooses the form of version 6 objects it is read in.
+        pool.set_vt6_objects(size % 2 ? VT::Vt6_objects::iso : VT::Vt6_objects::legacy);
         if (!VT::Pool_file::read(input, pool, &error, &report)) {
+            FUZZ_CHECK(!VT::Check::Read_diagnosis::reads_in_other_form(input, report) ||
+                       VT::Check::Read_diagnosis::rest_reads(input, 0, true,
+                                                             size % 2 ? VT::Vt6_objects::legacy : VT::Vt6_objects::iso));
             VT::Check::Suspect s;
             if (size <= (4u << 10) && VT::Check::Read_diagnosis::diagnose(input, report, &s)) {
                 FUZZ_CHECK(s.index >= 0 && s.index <= report.offsets.size());
                 FUZZ_CHECK(s.offset == (s.index < report.offsets.size() ? report.offsets[s.index] : report.stopped_at));
                 FUZZ_CHECK(s.fitting_length != s.read_length);
-                FUZZ_CHECK(VT::Check::Read_diagnosis::rest_reads(input, s.offset + s.fitting_length, true));
+                FUZZ_CHECK(VT::Check::Read_diagnosis::rest_reads(input, s.offset + s.fitting_length, true,
+                                                                 report.vt6_objects));
             }
             return 0;
         }

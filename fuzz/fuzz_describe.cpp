@@ -26,6 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         input.truncate(mark);
     VT::Object_pool pool;
     QString error;
+    // The input's length chooses the form of version 6 objects it is read in.
+    pool.set_vt6_objects(size % 2 ? VT::Vt6_objects::iso : VT::Vt6_objects::legacy);
     if (!VT::Pool_file::read(input, pool, &error))
         return 0;
     QStringList problems, warnings;

@@ -30,12 +30,13 @@ inline QByteArray every_type_text(unsigned type)
     }
 }
 
-// `starts`, when given, receives where each object begins.
-inline QByteArray every_type_pool(QVector<int>* starts = nullptr)
+// `starts`, when given, receives where each object begins. The classes are those a pool of
+// the form reads.
+inline QByteArray every_type_pool(QVector<int>* starts = nullptr, VT::Vt6_objects form = VT::Vt6_objects::legacy)
 {
     QVector<const VT::Class_facts*> classes;
     for (const VT::Class_facts* c : VT::all_class_facts())
-        if (c->entry->in_pool_files)
+        if (c->entry->in_form(form))
             classes.append(c);
     const int n = classes.size();
     auto id_of = [](int i) { return uint16_t(100 + i); };

@@ -253,9 +253,11 @@ TEST(Check, TheVersionOfEachTypeAtEveryBoundaryOfTheTypeTable)
             EXPECT_TRUE(r.deciding[0].reason.startsWith("object type ")) << r.deciding[0].reason.toStdString();
         }
     }
-    // 48 is no type of this catalogue: it needs no version, and pool bytes of it do not read.
-    EXPECT_EQ(type_version(48), 0);
+    // 48, the scaled graphic, is read only in pools of the ISO forms; 49 is no type at all.
+    EXPECT_EQ(type_version(48), 6);
+    EXPECT_EQ(type_version(49), 0);
     EXPECT_EQ(Object_factory::find_for_pool(48), nullptr);
+    EXPECT_NE(Object_factory::find_for_pool(48, Vt6_objects::iso), nullptr);
 }
 
 TEST(Check, VersionsOfAttributeValuesAndCommandsAndWhatATerminalLacks)

@@ -26,6 +26,7 @@ Loaded load(const QString& path, Object_pool& pool, bool verbose, bool lenient, 
 int run_check(const Check_request& request, std::ostream& out)
 {
     Object_pool pool;
+    pool.set_vt6_objects(request.vt6_objects);
     const Loaded loaded = load(request.path, pool, request.verbose, request.lenient, request.language);
     Result r;
     if (loaded.ok)

@@ -39,6 +39,7 @@ struct Check_request
     bool verbose = false;
     QByteArray language; // a description's language to check in; empty: its default
     bool lenient = false;
+    Vt6_objects vt6_objects = Vt6_objects::legacy; // how a pool file lays out types 46 to 48
 };
 // The check command: loads, checks and reports on `out`; returns the exit status (0 clean,
 // 1 errors, or warnings with werror; a pool that does not load counts as an error).

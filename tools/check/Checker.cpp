@@ -159,6 +159,11 @@ Result check(Object_pool& pool, const Source& source, const Options& options)
     out.objects = c.result.objects;
     out.needed_version = c.result.needed_version;
     out.deciding = c.result.deciding;
+    for (const VT_obj* obj : pool.objects()) {
+        const unsigned byte = unsigned(obj->get_type()) & 0xFF;
+        if (byte >= VT_obj_type::TYPE_PNG && byte <= VT_obj_type::TYPE_SCALED_GRAPHIC)
+            out.vt6_objects = vt6_objects_name(pool.vt6_objects());
+    }
     for (int k : order)
         out.findings.append(c.result.findings[k]);
     return out;

@@ -79,6 +79,9 @@ struct Result
     // What decides that version, one entry per object, in pool order; empty for version 2,
     // which every object would decide.
     QVector<Need> deciding;
+    // The form of version 6 objects ("iso" or "legacy", Vt6_objects) of a pool that holds objects
+    // of types 46 to 48; null for any other pool.
+    const char* vt6_objects = nullptr;
 
     int count(Severity s) const;
 };

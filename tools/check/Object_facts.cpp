@@ -4,20 +4,21 @@
 #include <algorithm>
 #include <cstring>
 
+#include "tools/pool/Object_factory.h"
 #include "vt_core.h"
 
 namespace VT {
 namespace Check {
 
-// The catalogue's name for each type number.
+// The name of each type number.
 #define T(NAME) VT_obj_type::TYPE_##NAME
 
 QString type_names(Type_set set)
 {
     QStringList names;
-    for (unsigned t = 0; t < TYPE_SET_BITS; ++t)
-        if (holds(set, t))
-            names.append(QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(t))));
+    for (unsigned b = 0; b < TYPE_SET_BITS; ++b)
+        if (set >> b & 1)
+            names.append(QString::fromLatin1(Object_factory::type_name(bit_type(b))));
     if (names.size() < 2)
         return names.join(QString());
     const QString last = names.takeLast();
@@ -36,7 +37,7 @@ int type_version(unsigned type)
         return 4;
     if (type <= T(COLOUR_PALETTE))
         return 5;
-    if (type <= T(WORKING_SET_SPECIAL_CONTROLS))
+    if (type <= T(SCALED_GRAPHIC))
         return 6;
     return 0;
 }
@@ -49,9 +50,10 @@ bool is_root(unsigned type)
         types({T(WORKING_SET), T(DATA_MASK), T(ALARM_MASK), T(WINDOW_MASK), T(KEY_GROUP), T(MACRO),
                T(AUXILIARY_FUNCTION), T(AUXILIARY_INPUT), T(AUXILIARY_TYPE2_FUNCTION), T(AUXILIARY_TYPE2_INPUT),
                T(EXTERNAL_OBJECT_DEFINITION), T(COLOUR_MAP), T(COLOUR_PALETTE), T(OBJECT_LABELREF_LIST),
-               T(WORKING_SET_SPECIAL_CONTROLS)});
-    // The system's own types, from the field on, all stand at the top of a pool.
-    return holds(roots, type) || type >= T(FIELD);
+               T(WORKING_SET_SPECIAL_CONTROLS), T(ISO_SPECIAL_CONTROLS)});
+    // The system's own types, from the field on, all stand at the top of a pool (graphic data
+    // is shown through the scaled graphics that name it).
+    return holds(roots, type) || (type >= T(FIELD) && type != T(GRAPHIC_DATA) && type != T(ISO_SPECIAL_CONTROLS));
 }
 
 // --- References ---------------------------------------------------------------------------
@@ -107,6 +109,12 @@ const Reference_fact reference_facts[] = {
     {T(ELLIPSE), "fill_attributes", FILL, Null_rule::allowed, FILL_HINT},
     {T(POLYGON), "line_attributes", LINE, Null_rule::never, LINE_HINT},
     {T(POLYGON), "fill_attributes", FILL, Null_rule::allowed, FILL_HINT},
+    {T(SCALED_GRAPHIC), "value", types({T(GRAPHIC_DATA)}), Null_rule::allowed,
+     "name a Graphic_data object, or 65535 to show nothing"},
+    {T(ISO_SPECIAL_CONTROLS), "colour_map", types({T(COLOUR_MAP)}), Null_rule::allowed,
+     "name a Colour_map, or 65535 for the standard colours"},
+    {T(ISO_SPECIAL_CONTROLS), "colour_palette", types({T(COLOUR_PALETTE)}), Null_rule::allowed,
+     "name a Colour_palette, or 65535 for the standard palette"},
     {T(FILL_ATTRIBUTES), "fill_pattern", types({T(PICTURE_GRAPHIC)}), Null_rule::not_with_pattern,
      "name the Picture_graphic to fill with, or use another fill type"},
 
@@ -244,6 +252,9 @@ const Event_fact event_facts[] = {
     {T(OUTPUT_LIST), CHANGE_ATTRIBUTE | SIZE | VALUE},
     {T(ANIMATION), ENABLED | CHANGE_ATTRIBUTE | SIZE | VALUE | CHILDREN},
     {T(PNG), CHANGE_ATTRIBUTE | SIZE},
+    {T(SCALED_GRAPHIC), CHANGE_ATTRIBUTE | SIZE | VALUE},
+    {T(GRAPHIC_DATA), 0},
+    {T(ISO_SPECIAL_CONTROLS), 0},
 };
 
 const Event_fact* event_fact(unsigned type)

@@ -12,19 +12,31 @@
 namespace VT {
 namespace Check {
 
-// A set of object types (those of ISO 11783-6, below 64), as a bit mask.
+// A set of object types, as a bit mask: those of ISO 11783-6 (below 62) by their number, and the
+// ISO forms of types 46 and 47 (full types 302 and 303) in bits 62 and 63.
 typedef uint64_t Type_set;
 constexpr unsigned TYPE_SET_BITS = 8 * sizeof(Type_set);
+// The bit of a type in a set; TYPE_SET_BITS for types no set holds.
+constexpr unsigned type_bit(unsigned type)
+{
+    return type < TYPE_SET_BITS - 2 ? type : type == 46 + 256 ? 62 : type == 47 + 256 ? 63 : TYPE_SET_BITS;
+}
+// The type of a bit of a set.
+constexpr unsigned bit_type(unsigned bit)
+{
+    return bit == 62 ? 46 + 256 : bit == 63 ? 47 + 256 : bit;
+}
 constexpr Type_set types(std::initializer_list<unsigned> list)
 {
     Type_set s = 0;
     for (unsigned t : list)
-        s |= Type_set(1) << t;
+        if (type_bit(t) < TYPE_SET_BITS)
+            s |= Type_set(1) << type_bit(t);
     return s;
 }
 inline bool holds(Type_set set, unsigned type)
 {
-    return type < TYPE_SET_BITS && (set >> type) & 1;
+    return type_bit(type) < TYPE_SET_BITS && (set >> type_bit(type)) & 1;
 }
 // The names of the types of a set: "Data_mask or Alarm_mask".
 QString type_names(Type_set set);

@@ -28,31 +28,34 @@ unsigned full_type_at(const QByteArray& bytes, int at)
 
 // Whether an object header could start at `at`: a type this reader knows, and an id that is
 // neither NULL nor one of the objects before.
-bool plausible_header(const QByteArray& bytes, int at, const QSet<uint16_t>& ids_before)
+bool plausible_header(const QByteArray& bytes, int at, const QSet<uint16_t>& ids_before, Vt6_objects form)
 {
     if (at < 0 || at + 3 > bytes.size())
         return false;
     const uint16_t id = uint16_t(uchar(bytes[at]) | uchar(bytes[at + 1]) << 8);
-    return id != VT_obj::NULL_ID && !ids_before.contains(id) && Object_factory::find_for_pool(full_type_at(bytes, at));
+    return id != VT_obj::NULL_ID && !ids_before.contains(id) &&
+           Object_factory::find_for_pool(full_type_at(bytes, at), form);
 }
 
 // The fewest bytes an object of the type takes: its layout with every list empty.
-int shortest(unsigned full_type)
+int shortest(unsigned full_type, Vt6_objects form)
 {
     static QHash<unsigned, int> known;
-    auto it = known.constFind(full_type);
+    const unsigned key = full_type | unsigned(form) << 16;
+    auto it = known.constFind(key);
     if (it != known.constEnd())
         return *it;
-    const Object_factory::Entry* entry = Object_factory::find_for_pool(full_type);
+    const Object_factory::Entry* entry = Object_factory::find_for_pool(full_type, form);
     std::unique_ptr<VT_obj> obj(entry ? entry->make(nullptr) : nullptr);
     const int n = obj ? std::max(obj->num_bytes(), 3) : 3;
-    known.insert(full_type, n);
+    known.insert(key, n);
     return n;
 }
 
 // Reads the bytes from `offset` to the end into `into`; false when they do not all read.
-bool read_rest(const QByteArray& bytes, int offset, bool keep_duplicate_ids, Object_pool& into)
+bool read_rest(const QByteArray& bytes, int offset, bool keep_duplicate_ids, Vt6_objects form, Object_pool& into)
 {
+    into.set_vt6_objects(form);
     if (offset == bytes.size())
         return true;
     if (offset < 0 || offset > bytes.size())
@@ -69,17 +72,34 @@ bool read_rest(const QByteArray& bytes, int offset, bool keep_duplicate_ids, Obj
 QString Suspect::text() const
 {
     return QStringLiteral("%1 %2 at offset %3 is probably %4 bytes long%5: with that length the rest of the pool reads")
-        .arg(QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(type))))
+        .arg(QString::fromLatin1(Object_factory::type_name(type)))
         .arg(id)
         .arg(offset)
         .arg(fitting_length)
         .arg(read_length < 0 ? QString() : QStringLiteral(", not %1").arg(read_length));
 }
 
-bool Read_diagnosis::rest_reads(const QByteArray& bytes, int offset, bool keep_duplicate_ids)
+bool Read_diagnosis::rest_reads(const QByteArray& bytes, int offset, bool keep_duplicate_ids, Vt6_objects form)
 {
     Object_pool scratch;
-    return read_rest(bytes, offset, keep_duplicate_ids, scratch);
+    return read_rest(bytes, offset, keep_duplicate_ids, form, scratch);
+}
+
+bool Read_diagnosis::reads_in_other_form(const QByteArray& bytes, const Pool_file::Read_report& report, Vt6_objects* other)
+{
+    const Vt6_objects form = report.vt6_objects == Vt6_objects::iso ? Vt6_objects::legacy : Vt6_objects::iso;
+    // Only the types the forms lay out differently make the difference.
+    bool any = false;
+    QVector<int> starts = report.offsets;
+    if (report.stopped_at >= 0 && report.stopped_at + 3 <= bytes.size())
+        starts.append(report.stopped_at);
+    for (int at : starts)
+        any = any || (full_type_at(bytes, at) >= VT_obj_type::TYPE_PNG && full_type_at(bytes, at) <= VT_obj_type::TYPE_SCALED_GRAPHIC);
+    if (!any || !rest_reads(bytes, 0, report.keep_duplicate_ids, form))
+        return false;
+    if (other)
+        *other = form;
+    return true;
 }
 
 // Whether the rest reads from each offset, asked once per offset: the lengths tried for one
@@ -87,14 +107,17 @@ bool Read_diagnosis::rest_reads(const QByteArray& bytes, int offset, bool keep_d
 class Read_diagnosis::Rest
 {
 public:
-    Rest(const QByteArray& bytes, bool keep_duplicate_ids) : bytes(bytes), keep(keep_duplicate_ids) {}
+    Rest(const QByteArray& bytes, bool keep_duplicate_ids, Vt6_objects form)
+        : bytes(bytes), keep(keep_duplicate_ids), form(form)
+    {
+    }
     bool reads_from(int offset)
     {
         auto it = known.constFind(offset);
         if (it != known.constEnd())
             return *it;
         scratch.clear();
-        const bool r = read_rest(bytes, offset, keep, scratch);
+        const bool r = read_rest(bytes, offset, keep, form, scratch);
         known.insert(offset, r);
         return r;
     }
@@ -103,7 +126,7 @@ public:
         QVector<int> out;
         for (int l = std::max(min, 3); l <= max; ++l) {
             const int end = offset + l;
-            if (end < bytes.size() && plausible_header(bytes, end, ids_before) && reads_from(end))
+            if (end < bytes.size() && plausible_header(bytes, end, ids_before, form) && reads_from(end))
                 out.append(l);
         }
         return out;
@@ -112,14 +135,16 @@ public:
 private:
     const QByteArray& bytes;
     const bool keep;
+    const Vt6_objects form;
     Object_pool scratch;
     QHash<int, bool> known;
 };
 
 QVector<int> Read_diagnosis::fitting_lengths(const QByteArray& bytes, int offset, int min, int max,
-                                             const QSet<uint16_t>& ids_before, bool keep_duplicate_ids)
+                                             const QSet<uint16_t>& ids_before, bool keep_duplicate_ids,
+                                             Vt6_objects form)
 {
-    return Rest(bytes, keep_duplicate_ids).fitting(offset, min, max, ids_before);
+    return Rest(bytes, keep_duplicate_ids, form).fitting(offset, min, max, ids_before);
 }
 
 bool Read_diagnosis::diagnose(const QByteArray& bytes, const Pool_file::Read_report& report, Suspect* out)
@@ -151,7 +176,8 @@ bool Read_diagnosis::diagnose(const QByteArray& bytes, const Pool_file::Read_rep
             return a.object < b.object;
         return change(a) < change(b);
     };
-    Rest rest(bytes, report.keep_duplicate_ids);
+    const Vt6_objects form = report.vt6_objects;
+    Rest rest(bytes, report.keep_duplicate_ids, form);
     QSet<uint16_t> before; // ids of the objects up to the suspect
     const int first = std::max(0, starts.size() - LOOK_BACK);
     for (int k = 0; k < first; ++k)
@@ -172,8 +198,8 @@ bool Read_diagnosis::diagnose(const QByteArray& bytes, const Pool_file::Read_rep
             // The pool if the object had that length: the objects before it, it (when it read),
             // and what follows.
             Object_pool pool;
-            read_rest(bytes.left(start + std::max(read, 0)), 0, true, pool);
-            read_rest(bytes, start + length, true, pool);
+            read_rest(bytes.left(start + std::max(read, 0)), 0, true, form, pool);
+            read_rest(bytes, start + length, true, form, pool);
             int swallowed = 0;
             for (int j = k + 1; j < starts.size() && starts[j] < start + length; ++j)
                 ++swallowed;
@@ -181,7 +207,7 @@ bool Read_diagnosis::diagnose(const QByteArray& bytes, const Pool_file::Read_rep
             Options counting;
             counting.max_findings = 64;
             const int doubts = check(pool, Source(), counting).findings.size() + swallowed +
-                               (length < shortest(full_type_at(bytes, start)) ? 1 : 0);
+                               (length < shortest(full_type_at(bytes, start), form) ? 1 : 0);
             const Candidate c{k, length, doubts, swallowed};
             if (!found || better(c, best)) {
                 best = c;

@@ -11,7 +11,8 @@
 // When pool bytes stop reading, the object at fault is often well before the point where
 // they stop: an object longer or shorter than its layout sends the reader into the next
 // object's bytes, which may read as something else for a while. This finds the object whose
-// length is probably wrong, and the length with which the rest of the pool reads.
+// length is probably wrong, and the length with which the rest of the pool reads; or that the
+// pool holds the other form of the object types VT version 6 added.
 namespace VT {
 namespace Check {
 
@@ -48,10 +49,17 @@ public:
     // length out. Objects after it keep ids used twice when `keep_duplicate_ids`. To try
     // another layout of the object's type, ask for that layout's length alone.
     static QVector<int> fitting_lengths(const QByteArray& bytes, int offset, int min, int max,
-                                        const QSet<uint16_t>& ids_before, bool keep_duplicate_ids = false);
+                                        const QSet<uint16_t>& ids_before, bool keep_duplicate_ids = false,
+                                        Vt6_objects form = Vt6_objects::legacy);
 
-    // Whether the bytes from `offset` on read to the end as objects.
-    static bool rest_reads(const QByteArray& bytes, int offset, bool keep_duplicate_ids = false);
+    // Whether the bytes from `offset` on read to the end as objects of a pool of the form.
+    static bool rest_reads(const QByteArray& bytes, int offset, bool keep_duplicate_ids = false,
+                           Vt6_objects form = Vt6_objects::legacy);
+
+    // Whether bytes that stopped reading (as `report` says), among whose objects are some of
+    // types 46 to 48, read whole in the other form of version 6 objects; `other` receives it.
+    static bool reads_in_other_form(const QByteArray& bytes, const Pool_file::Read_report& report,
+                                    Vt6_objects* other = nullptr);
 
 private:
     class Rest;

@@ -1,5 +1,7 @@
 #include "tools/check/Report.h"
 
+#include <cstring>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -79,6 +81,10 @@ void Report::text(const Result& r, const Options& options, std::ostream& os, int
     if (options.vt_version > 0)
         os << " (checked for VT version " << options.vt_version << ")";
     os << "\n";
+    if (r.vt6_objects)
+        os << "version 6 objects (types 46 to 48) in the " << r.vt6_objects << " form"
+           << (strcmp(r.vt6_objects, "iso") == 0 ? " of ISO 11783-6" : " of this library (PNG, special controls as bytes)")
+           << "\n";
     needed_version(r, os, shown);
 }
 
@@ -129,6 +135,8 @@ QByteArray Report::json(const QString& file, const Result& r, const Options& opt
                     {"warnings", r.count(Severity::warning)},
                     {"findings", findings},
                     {"vt_version", version}};
+    if (r.vt6_objects)
+        doc.insert("vt6_objects", QLatin1String(r.vt6_objects));
     return QJsonDocument(doc).toJson(QJsonDocument::Indented);
 }
 

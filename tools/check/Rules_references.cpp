@@ -113,6 +113,10 @@ bool has_child_rules(unsigned parent)
 
 int child_allowed(unsigned parent, unsigned child, const Object_reference& r)
 {
+    // The library's containment table knows no scaled graphic (type 48, ISO form only): it may
+    // stand wherever a graphic data object (type 46) may.
+    if (child == T(SCALED_GRAPHIC))
+        child = T(PNG);
     return Base::VT_obj_relationships::get_child_allowed(VT_obj_type::type_t(parent), VT_obj_type::type_t(child),
                                                          unsigned(r.attribute_index));
 }

@@ -199,6 +199,7 @@ bool Describer::load_named(const QString& path, const Object_names::By_id& names
             return Pool_loader::load(path, pool, problems, warnings, false, &is_description, nullptr, lenient);
     }
     Object_pool read;
+    read.set_vt6_objects(pool.vt6_objects());
     if (!Pool_loader::load(path, read, problems, warnings, false, &is_description, nullptr, lenient))
         return false;
     QByteArray expected = Pool_file::write(read);

@@ -307,6 +307,25 @@ void Writer::list(VT_obj* obj, const Class_facts& facts, const Attribute_facts& 
             }
             e.add_child(item);
         }
+    } else if (auto* pairs = dynamic_cast<Attribute_list<Attribute_language_pair>*>(a)) {
+        for (uint32_t k = 0; k < pairs->held(); ++k) {
+            const Attribute_language_pair& l = (*pairs)[k];
+            Xml_text item("Language_pair");
+            const char language[] = {char(l.get_language(0)), char(l.get_language(1)), 0};
+            const char country[] = {char(l.get_country(0)), char(l.get_country(1)), 0};
+            const bool letters = isalpha(uchar(language[0])) && isalpha(uchar(language[1])) &&
+                                 isalpha(uchar(country[0])) && isalpha(uchar(country[1]));
+            if (letters) {
+                item.set_verbatim("language", language);
+                item.set_verbatim("country", country);
+            } else {
+                const char* keys[] = {"language_1", "language_2", "country_1", "country_2"};
+                const uint8_t bytes[] = {l.get_language(0), l.get_language(1), l.get_country(0), l.get_country(1)};
+                for (int b = 0; b < 4; ++b)
+                    item.set_verbatim(keys[b], QByteArray::number(bytes[b]));
+            }
+            e.add_child(item);
+        }
     } else if (auto* points = dynamic_cast<Attribute_list<Attribute_point>*>(a)) {
         for (uint32_t k = 0; k < points->held(); ++k) {
             Xml_text item("Point");
@@ -435,6 +454,10 @@ void Writer::write()
     // A comment cannot hold "--".
     const QByteArray origin = QFileInfo(options.origin).fileName().toUtf8().replace("--", "- -");
     xml += "<!-- Described by vtpool from " + origin + ": vtpool build gives its bytes again. -->\n<object_pool";
+    // The form of types 46 to 48 is said only where it is not the default, so that the
+    // descriptions of other pools stay as they were.
+    if (pool.vt6_objects() == Vt6_objects::iso)
+        xml += " vt6_objects=\"iso\"";
     if (options.languages) {
         xml += " languages=\"" + options.languages->codes.join(' ') + "\" texts=\"" + options.texts.toUtf8() + "/\"";
         text_tables(origin);

@@ -164,6 +164,7 @@ bool Language_reader::read(const Language_pools::Given& given, Described_languag
         return true;
     }
     Object_pool other;
+    other.set_vt6_objects(pool.vt6_objects()); // one implement's pools share their form
     QString error;
     if (!Pool_file::read(given.bytes, other, &error)) {
         problems.append(QStringLiteral("%1: does not read as the '%2' pool: %3")

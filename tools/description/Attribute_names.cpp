@@ -55,13 +55,14 @@ const struct
     {"ref", {"object"}},
     {"Event_macro", {"event_id", "macro_id"}},
     {"Language", {"code", "byte_1", "byte_2"}},
+    {"Language_pair", {"language", "country", "language_1", "language_2", "country_1", "country_2"}},
     {"Point", {"point_x", "point_y"}},
     {"Labelref", {"labelled_object", "string_variable", "font_type", "graphic_representation"}},
     {"Code_plane_rangeset", {"code_plane"}},
     {"Code_plane_range", {"first_char", "last_char"}},
     {"Editable", {"object"}},
     {"colour", {"name", "value"}},
-    {"object_pool", {"mask_size", "key_size", "languages", "texts"}},
+    {"object_pool", {"mask_size", "key_size", "languages", "texts", "vt6_objects"}},
     // Texts that may become longer in a translation (Translations).
     {"Output_string", {"grow"}},
     {"Input_string", {"grow"}},
@@ -131,7 +132,8 @@ QList<QByteArray> Attribute_names::known(const QByteArray& element, bool with_al
     if (const Class_facts* facts = class_facts(element)) {
         names << "name"
               << "id";
-        if (facts->type == VT_obj_type::TYPE_PICTURE_GRAPHIC || facts->type == VT_obj_type::TYPE_PNG)
+        if (facts->type == VT_obj_type::TYPE_PICTURE_GRAPHIC || facts->type == VT_obj_type::TYPE_PNG ||
+            facts->type == VT_obj_type::TYPE_GRAPHIC_DATA)
             names << "file";
         for (const Attribute_facts& f : facts->attributes)
             names.append(f.name);

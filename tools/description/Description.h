@@ -83,6 +83,8 @@ private:
     void assign_ids();
     void prepare_values(Xml_element* e);
     void prepare_picture(Xml_element* e, bool png);
+    // A graphic data object's PNG file, sent as it is.
+    void prepare_graphic_data(Xml_element* e);
     void read_values(Library_output& said);
     void resolve_colours();
     void justify();
@@ -94,6 +96,9 @@ private:
     void read_named_swaths(Xml_element* e, Attribute_list<Attribute_object_id>& swaths);
     uint16_t reference_id(Xml_element* item, const QByteArray& name);
     bool root_size(const char* key, int& w, int& h);
+    // Gives the pool the form of version 6 objects <object_pool> names (vt6_objects), and
+    // reports objects of a class of the other form.
+    bool read_vt6_objects();
     void report_unused(const Xml_element* e);
     void read_translations();
     // Gives the objects their texts in the chosen language.

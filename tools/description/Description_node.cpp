@@ -198,6 +198,17 @@ private:
                 *out = T(uchar((*code)[key[5] == '1' ? 0 : 1]));
                 return 1;
             }
+        // A language pair gives each pair of characters as one code.
+        if (!v && e->name == "Language_pair" && (strncmp(key, "language_", 9) == 0 || strncmp(key, "country_", 8) == 0))
+            if (const QByteArray* code = value(key[0] == 'l' ? "language" : "country")) {
+                if (code->size() != 2) {
+                    d.problem(e, QStringLiteral("%1 code '%2' must be two letters")
+                                     .arg(QString::fromLatin1(key[0] == 'l' ? "language" : "country"), QString::fromUtf8(*code)));
+                    return 0;
+                }
+                *out = T(uchar((*code)[key[strlen(key) - 1] == '1' ? 0 : 1]));
+                return 1;
+            }
         if (!v)
             return 0;
         bool negative = false;

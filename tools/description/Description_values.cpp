@@ -33,6 +33,10 @@ void Description::prepare_values(Xml_element* e)
         prepare_picture(e, e->name == "PNG");
         return;
     }
+    if (e->name == "Graphic_data" && e->attribute("file")) {
+        prepare_graphic_data(e);
+        return;
+    }
     for (auto& a : e->attributes) {
         // "string.hex" gives the bytes of a text that XML cannot hold as text.
         const bool hex_text = a.key.endsWith(".hex");

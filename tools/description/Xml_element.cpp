@@ -7,9 +7,9 @@ namespace VT {
 namespace {
 
 // Elements that are parts of an object rather than objects.
-const char* const item_names[] = {"place",   "ref",      "Event_macro",      "Language",
-                                  "Point",   "Labelref", "Code_plane_range", "Code_plane_rangeset",
-                                  "Editable"};
+const char* const item_names[] = {"place",    "ref",      "Event_macro",      "Language",
+                                  "Language_pair", "Point", "Labelref", "Code_plane_range",
+                                  "Code_plane_rangeset", "Editable"};
 
 bool is_item_name(const QByteArray& n)
 {

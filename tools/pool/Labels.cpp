@@ -1,5 +1,7 @@
 #include "tools/pool/Labels.h"
 
+#include "tools/pool/Object_factory.h"
+
 namespace VT {
 
 QString object_label(VT_obj* obj)
@@ -13,7 +15,7 @@ QString object_label(VT_obj* obj)
 
 QString type_name(unsigned full_type)
 {
-    return QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type)));
+    return QString::fromLatin1(Object_factory::type_name(full_type));
 }
 
 }

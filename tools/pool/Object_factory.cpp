@@ -22,10 +22,12 @@ VT_obj* make_at(void* place, Spec_node* spec_node)
     return new (place) X(spec_node);
 }
 
-#define VT_ENTRY(TYPE, CLASS, IN_POOL_FILES) \
-    {VT_obj_type::TYPE, &make<Base::CLASS>, &make_at<Base::CLASS>, sizeof(Base::CLASS), IN_POOL_FILES}
-#define VT_CLASS(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, true)
-#define VT_DESCRIPTION_ONLY(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, false)
+#define VT_ENTRY(TYPE, CLASS, FORMS, OWN_NAME) \
+    {VT_obj_type::TYPE, &make<Base::CLASS>, &make_at<Base::CLASS>, sizeof(Base::CLASS), FORMS, OWN_NAME}
+#define VT_CLASS(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 3, nullptr)
+#define VT_LEGACY_FORM(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 1, nullptr)
+#define VT_ISO_FORM(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 2, Base::CLASS::TYPE_NAME)
+#define VT_DESCRIPTION_ONLY(TYPE, CLASS) VT_ENTRY(TYPE, CLASS, 0, nullptr)
 
 // Every object class of the library.
 const Object_factory::Entry classes[] = {
@@ -75,8 +77,11 @@ const Object_factory::Entry classes[] = {
     VT_CLASS(TYPE_EXTERNAL_OBJECT_POINTER, External_object_pointer_obj),
     VT_CLASS(TYPE_ANIMATION, Animation_obj),
     VT_CLASS(TYPE_COLOUR_PALETTE, Colour_palette_obj),
-    VT_CLASS(TYPE_PNG, PNG_obj),
-    VT_CLASS(TYPE_WORKING_SET_SPECIAL_CONTROLS, Working_set_special_controls_obj),
+    VT_LEGACY_FORM(TYPE_PNG, PNG_obj),
+    VT_LEGACY_FORM(TYPE_WORKING_SET_SPECIAL_CONTROLS, Working_set_special_controls_obj),
+    VT_ISO_FORM(TYPE_GRAPHIC_DATA, Graphic_data_obj),
+    VT_ISO_FORM(TYPE_ISO_SPECIAL_CONTROLS, Iso_special_controls_obj),
+    VT_ISO_FORM(TYPE_SCALED_GRAPHIC, Scaled_graphic_obj),
     VT_CLASS(TYPE_FIELD, Field_obj),
     VT_DESCRIPTION_ONLY(TYPE_SWATH, Swath_obj), // travels as a polygon
     VT_CLASS(TYPE_NAMED_COLOUR, Named_colour_obj),
@@ -89,6 +94,8 @@ const Object_factory::Entry classes[] = {
 };
 
 #undef VT_CLASS
+#undef VT_LEGACY_FORM
+#undef VT_ISO_FORM
 #undef VT_DESCRIPTION_ONLY
 #undef VT_ENTRY
 
@@ -97,10 +104,11 @@ struct Index
     QList<const Object_factory::Entry*> entries;
     QHash<QString, const Object_factory::Entry*> by_name;
     QHash<QByteArray, const Object_factory::Entry*> by_utf8_name;
-    // Reading a pool looks up every object's type: plain types index an array, the few
-    // extended (configuration) types are searched.
-    const Object_factory::Entry* by_type[256] = {};
+    // Reading a pool looks up every object's type: type bytes index an array per form (the ISO
+    // forms of types 46 and 47 under their type byte), the few configuration types are searched.
+    const Object_factory::Entry* by_type[2][256] = {};
     QVector<const Object_factory::Entry*> extended;
+    QHash<unsigned, const char*> own_names;
 
     Index()
     {
@@ -108,12 +116,15 @@ struct Index
             entries.append(&e);
             by_name.insert(QString::fromLatin1(e.name()), &e);
             by_utf8_name.insert(QByteArray(e.name()), &e);
-            if (!e.in_pool_files)
-                continue;
-            if (unsigned(e.type) < 256)
-                by_type[e.type] = &e;
-            else
+            if (e.own_name)
+                own_names.insert(unsigned(e.type), e.own_name);
+            if ((unsigned(e.type) & 0xFF) == VT_obj_type::TYPE_CONFIG && unsigned(e.type) >= 256) {
                 extended.append(&e);
+                continue;
+            }
+            for (Vt6_objects form : {Vt6_objects::legacy, Vt6_objects::iso})
+                if (e.in_form(form))
+                    by_type[unsigned(form)][e.type & 0xFF] = &e;
         }
     }
 };
@@ -136,11 +147,26 @@ const Object_factory::Entry* Object_factory::find(const QByteArray& type_name)
     return index().by_utf8_name.value(type_name, nullptr);
 }
 
-const Object_factory::Entry* Object_factory::find_for_pool(unsigned full_type)
+const char* vt6_objects_name(Vt6_objects form)
+{
+    return form == Vt6_objects::iso ? "iso" : "legacy";
+}
+
+bool parse_vt6_objects(const QByteArray& text, Vt6_objects& out)
+{
+    for (Vt6_objects form : {Vt6_objects::legacy, Vt6_objects::iso})
+        if (text == vt6_objects_name(form)) {
+            out = form;
+            return true;
+        }
+    return false;
+}
+
+const Object_factory::Entry* Object_factory::find_for_pool(unsigned full_type, Vt6_objects form)
 {
     const Index& i = index();
     if (full_type < 256)
-        return i.by_type[full_type];
+        return i.by_type[form == Vt6_objects::iso ? 1 : 0][full_type];
     for (const Object_factory::Entry* e : i.extended)
         if (unsigned(e->type) == full_type)
             return e;
@@ -152,9 +178,16 @@ const QList<const Object_factory::Entry*>& Object_factory::all()
     return index().entries;
 }
 
+const char* Object_factory::type_name(unsigned full_type)
+{
+    if (const char* own = index().own_names.value(full_type, nullptr))
+        return own;
+    return VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+}
+
 bool Object_factory::catalogue_knows(unsigned full_type)
 {
-    return strcmp(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type)), "UNKNOWN") != 0;
+    return strcmp(type_name(full_type), "UNKNOWN") != 0;
 }
 
 bool Object_factory::catalogue_knows(const QByteArray& type_name)
@@ -164,7 +197,7 @@ bool Object_factory::catalogue_knows(const QByteArray& type_name)
         QSet<QByteArray> known;
         for (unsigned t = 0; t <= 0xFFFF; ++t)
             if (catalogue_knows(t))
-                known.insert(QByteArray(VT_obj_type::get_type_string(VT_obj_type::type_t(t))));
+                known.insert(QByteArray(Object_factory::type_name(t)));
         return known;
     }();
     return names.contains(type_name);

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstring>
 
+#include "tools/pool/Object_factory.h"
+
 namespace VT {
 
 void Object_pool::Helper::lock() const
@@ -271,7 +273,7 @@ bool is_default_name(const char* name, size_t len, unsigned full_type, uint16_t 
     size_t prefix = 0;
     if (trailing_id(name, len, &prefix) != int(id))
         return false;
-    const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+    const char* type = Object_factory::type_name(full_type);
     // strncmp stops at the end of a shorter type name; the name then differs there.
     if (strncmp(name, type, prefix) == 0 && type[prefix] == '\0')
         return true;
@@ -305,7 +307,7 @@ size_t Object_pool::write_default_name(const char* type, size_t type_len, uint16
 
 size_t Object_pool::write_default_name(unsigned full_type, uint16_t id, char (&out)[VT_obj::NAME_LEN + 1])
 {
-    const char* type = VT_obj_type::get_type_string(VT_obj_type::type_t(full_type));
+    const char* type = Object_factory::type_name(full_type);
     return write_default_name(type, strnlen(type, VT_obj::NAME_LEN + 1), id, out);
 }
 

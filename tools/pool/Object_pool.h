@@ -43,7 +43,12 @@ public:
 
         uint8_t negotiated_version() const override { return version; }
         void set_negotiated_version(uint8_t v) { version = v; }
-        bool obj_type_supported(uint8_t type) const override { return supported.contains(type); }
+        // In a pool of the ISO forms, type 46 is graphic data, which a picture graphic cannot
+        // be sent as (it is sent as itself, as ISO 11783-6 has it towards every version).
+        bool obj_type_supported(uint8_t type) const override
+        {
+            return supported.contains(type) && !(type == VT_obj_type::TYPE_PNG && form == Vt6_objects::iso);
+        }
         void set_supported_types(const QSet<uint8_t>& types) { supported = types; }
         const QSet<uint8_t>& get_supported_types() const { return supported; }
 
@@ -54,11 +59,14 @@ public:
         const Serialisation_limits* get_serialisation_limits() override { return &limits; }
         void set_serialisation_limits(const Serialisation_limits& l) { limits = l; }
         const Serialisation_limits& get_limits() const { return limits; }
+        Vt6_objects vt6_objects() const { return form; }
+        void set_vt6_objects(Vt6_objects f) { form = f; }
 
     private:
         Object_pool& pool;
         mutable int depth = 0;
         uint8_t version = 255;
+        Vt6_objects form = Vt6_objects::legacy;
         QSet<uint8_t> supported;
     };
 
@@ -119,6 +127,10 @@ public:
     const Serialisation_limits& serialisation_limits() const { return pool_helper.get_limits(); }
     void set_negotiated_version(uint8_t v) { pool_helper.set_negotiated_version(v); }
     void set_supported_types(const QSet<uint8_t>& types) { pool_helper.set_supported_types(types); }
+    // How the pool lays out the types VT version 6 added (Vt6_objects): what its bytes are read
+    // as and the classes a description may use. Kept by clear().
+    Vt6_objects vt6_objects() const { return pool_helper.vt6_objects(); }
+    void set_vt6_objects(Vt6_objects form) { pool_helper.set_vt6_objects(form); }
 
     // The name an object read from pool bytes is given: "<Type>_<id>", or "obj_<id>" when that
     // would not fit a name. `type` is the type's name, `type_len` its length. Returns the

@@ -30,7 +30,17 @@ bool Partial_pool::split(const QByteArray& bytes, const char* which, QVector<Obj
     Object_pool pool;
     Pool_file::Read_report report;
     QString why;
-    if (!Pool_file::read(bytes, pool, &why, &report)) {
+    // Only the objects' bounds matter here: a pool that does not read with the default form of
+    // types 46 and 47 (or holds type 48) is read in the ISO form.
+    bool whole = Pool_file::read(bytes, pool, &why, &report);
+    if (!whole) {
+        pool.clear();
+        pool.set_vt6_objects(Vt6_objects::iso);
+        report = Pool_file::Read_report();
+        QString ignored;
+        whole = Pool_file::read(bytes, pool, &ignored, &report);
+    }
+    if (!whole) {
         if (error)
             *error = QStringLiteral("the %1 pool does not read: %2").arg(which, why);
         return false;

@@ -63,7 +63,7 @@ struct Plain_types
     {
         for (unsigned t = 0; t < 256; ++t) {
             Plain_type& p = types[t];
-            p.name = VT_obj_type::get_type_string(VT_obj_type::type_t(t));
+            p.name = Object_factory::type_name(t);
             p.name_len = strnlen(p.name, VT_obj::NAME_LEN + 1);
             p.marks_input = false;
             if (const Object_factory::Entry* entry = Object_factory::find_for_pool(t)) {
@@ -126,6 +126,8 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
             report->stopped_at = offset;
         return false;
     };
+    if (report)
+        report->vt6_objects = pool.vt6_objects();
     if (size == 0)
         return fail(QStringLiteral("empty pool: no objects"));
 
@@ -143,19 +145,28 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         unsigned full_type = type;
         if (type == VT_obj_type::TYPE_CONFIG && remaining > 3)
             full_type = type + 256u * at[3];
+        const Vt6_objects form = pool.vt6_objects();
+        const Object_factory::Entry* entry = Object_factory::find_for_pool(full_type, form);
+        const unsigned named_type = entry ? unsigned(entry->type) : full_type;
         auto where = [&]() {
             return QStringLiteral("object %1 (id %2, type %3 %4) at byte offset %5")
                 .arg(index)
                 .arg(id)
                 .arg(type)
-                .arg(QString::fromLatin1(VT_obj_type::get_type_string(VT_obj_type::type_t(full_type))))
+                .arg(QString::fromLatin1(Object_factory::type_name(named_type)))
                 .arg(offset);
         };
-        const Object_factory::Entry* entry = Object_factory::find_for_pool(full_type);
         if (!entry) {
             if (type == VT_obj_type::TYPE_CONFIG)
                 return fail(where() + QStringLiteral(": unknown configuration object kind %1")
                                           .arg(remaining > 3 ? int(at[3]) : -1));
+            const Vt6_objects other = form == Vt6_objects::iso ? Vt6_objects::legacy : Vt6_objects::iso;
+            if (Object_factory::find_for_pool(full_type, other))
+                return fail(where() + QStringLiteral(": object type %1 is read only in a pool of the %2 form of version 6 "
+                                                     "objects, and this pool is read in the %3 form")
+                                          .arg(type)
+                                          .arg(QString::fromLatin1(vt6_objects_name(other)),
+                                               QString::fromLatin1(vt6_objects_name(form))));
             if (Object_factory::catalogue_knows(full_type))
                 return fail(where() + QStringLiteral(": object type %1 is not available in this build").arg(type));
             return fail(where() + QStringLiteral(": unknown object type %1").arg(type));
@@ -168,11 +179,11 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
 
         char name[VT_obj::NAME_LEN + 1];
         size_t name_len = 0;
-        const Plain_type* plain = full_type < 256 ? &plain_types().types[full_type] : nullptr;
+        const Plain_type* plain = named_type < 256 ? &plain_types().types[named_type] : nullptr;
         if (plain) {
             name_len = Object_pool::write_default_name(plain->name, plain->name_len, id, name);
         } else {
-            name_len = Object_pool::write_default_name(full_type, id, name);
+            name_len = Object_pool::write_default_name(named_type, id, name);
         }
         auto make = [&]() {
             VT_obj* made = pool.create(*entry);

@@ -21,6 +21,8 @@ public:
         // Set by the caller: keep an object whose id an earlier object uses (the pool holds
         // both, see Object_pool::add_duplicate) instead of stopping there.
         bool keep_duplicate_ids = false;
+        // Set by the reader: the form of version 6 objects the bytes were read in (the pool's).
+        Vt6_objects vt6_objects = Vt6_objects::legacy;
 
         int objects = 0;
         QVector<int> offsets; // where each object starts in the input
@@ -37,7 +39,8 @@ public:
         QStringList library_notes;
     };
 
-    // Reads every object of `bytes` into `pool` (objects are named "<Type>_<id>"). Stops at the
+    // Reads every object of `bytes` into `pool` (objects are named "<Type>_<id>"), types 46 to 48
+    // in the form the pool says (Object_pool::vt6_objects). Stops at the
     // first bad object with a one-line error naming its index, id, type and byte offset. The
     // bytes are only read, so they may lie in read-only memory (QByteArray::fromRawData).
     // What the library prints while reading is caught and lands in the report.

@@ -80,7 +80,12 @@ bool Pool_loader::load(const QString& path, Object_pool& pool, QStringList& prob
             warnings.append(path + ": " + note);
     if (!read) {
         problems.append(path + ": " + error);
-        if (suspected)
+        Vt6_objects other = Vt6_objects::legacy;
+        if (Check::Read_diagnosis::reads_in_other_form(content, r, &other))
+            problems.append(QStringLiteral("%1: the pool reads whole with types 46 to 48 in their %2 form: read it so "
+                                           "(--vt6-objects %2)")
+                                .arg(path, QString::fromLatin1(vt6_objects_name(other))));
+        else if (suspected)
             problems.append(path + ": " + suspect.text());
         return false;
     }

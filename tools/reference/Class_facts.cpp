@@ -79,6 +79,8 @@ QByteArray item_element(const Attribute* a)
         return "Event_macro";
     if (dynamic_cast<const Attribute_list<Attribute_lang>*>(a))
         return "Language";
+    if (dynamic_cast<const Attribute_list<Attribute_language_pair>*>(a))
+        return "Language_pair";
     if (dynamic_cast<const Attribute_list<Attribute_point>*>(a))
         return "Point";
     if (dynamic_cast<const Attribute_list<Attribute_labelref>*>(a))
@@ -297,7 +299,7 @@ QString Attribute_facts::kind() const
         static const QHash<QByteArray, QString> items{
             {"place", "placements"},          {"ref", "object ids"}, {"Event_macro", "event macros"},
             {"Language", "language codes"},   {"Point", "points"},   {"Labelref", "label references"},
-            {"Code_plane_rangeset", "code plane range sets"}};
+            {"Code_plane_rangeset", "code plane range sets"}, {"Language_pair", "language and country codes"}};
         const QString what = items.value(item_element, QStringLiteral("items"));
         if (item_element == "Code_plane_rangeset")
             return QStringLiteral("list of %1").arg(what);

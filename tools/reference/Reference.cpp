@@ -17,7 +17,11 @@ typedef QVector<QStringList> Table;
 
 QString type_text(const Class_facts& c)
 {
-    return c.type < 256 ? QString::number(c.type) : QStringLiteral("%1/%2").arg(c.type & 0xFF).arg(c.type >> 8);
+    if (c.type < 256)
+        return QString::number(c.type) + (c.entry->pool_forms == 2 ? QStringLiteral(" (iso)") : QString());
+    if (c.entry->pool_forms == 2) // the ISO form of type 46 or 47
+        return QStringLiteral("%1 (iso)").arg(c.type & 0xFF);
+    return QStringLiteral("%1/%2").arg(c.type & 0xFF).arg(c.type >> 8);
 }
 
 QString version_text(int version)
@@ -212,7 +216,7 @@ Table type_rows()
     rows.append(QStringList{"type", "name", "VT version", "bytes without lists"});
     for (const Class_facts* c : all_class_facts())
         rows.append({type_text(*c), QString::fromLatin1(c->name), version_text(c->vt_version),
-                     c->entry->in_pool_files ? QString::number(c->fixed_bytes) : QStringLiteral("descriptions only")});
+                     c->entry->in_pool_files() ? QString::number(c->fixed_bytes) : QStringLiteral("descriptions only")});
     return rows;
 }
 

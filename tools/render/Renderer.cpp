@@ -161,6 +161,7 @@ Rect Renderer::object_size(VT_obj* obj)
     case VT_obj_type::TYPE_ARCHED_BAR_GRAPH:
     case VT_obj_type::TYPE_PICTURE_GRAPHIC:
     case VT_obj_type::TYPE_PNG:
+    case VT_obj_type::TYPE_SCALED_GRAPHIC:
     case VT_obj_type::TYPE_ANIMATION:
         // A line may be flat: it still takes a row.
         return Rect{0, 0, std::max<int>(1, obj->get_width()), std::max<int>(1, obj->get_height())};
@@ -336,6 +337,9 @@ void Renderer::draw(VT_obj* obj, int x, int y)
         break;
     case VT_obj_type::TYPE_PNG:
         draw_png(obj, x, y);
+        break;
+    case VT_obj_type::TYPE_SCALED_GRAPHIC:
+        draw_scaled_graphic(obj, x, y);
         break;
     case VT_obj_type::TYPE_OBJECT_POINTER:
         if (auto* o = as<Object_pointer_base_obj>(obj))

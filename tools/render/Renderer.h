@@ -1,6 +1,7 @@
 #ifndef TOOLS_RENDER_RENDERER_H
 #define TOOLS_RENDER_RENDERER_H
 
+#include <QImage>
 #include <QVector>
 #include <functional>
 #include <vector>
@@ -93,6 +94,11 @@ private:
     void draw_arched_bar_graph(VT_obj* obj, int x, int y);
     void draw_picture(VT_obj* obj, int x, int y);
     void draw_png(VT_obj* obj, int x, int y);
+    // A graphic data object's image as a scaled graphic places it in its box.
+    void draw_scaled_graphic(VT_obj* obj, int x, int y);
+    // An image scaled to the rectangle (nearest pixel), each pixel blended as the terminal's
+    // colours allow.
+    void draw_image(const QImage& image, const Rect& to);
     void draw_window_mask(VT_obj* obj, int x, int y);
     void draw_designator_pointer(VT_obj* obj, int x, int y);
 

@@ -324,32 +324,68 @@ void Renderer::draw_picture(VT_obj* obj, int x, int y)
     }
 }
 
-void Renderer::draw_png(VT_obj* obj, int x, int y)
+namespace {
+
+// Whether the PNG data of a PNG or graphic data object states a size in its header that can be
+// drawn, before anything is decoded: the signature, then the IHDR chunk (length, "IHDR", width
+// and height big-endian). `too_large` is set for a stated size beyond what is drawn.
+template <class P>
+bool drawable_png(const P& p, bool& too_large)
 {
-    auto* p = as<PNG_obj>(obj);
-    if (!p)
-        return;
-    const int w = p->get_width(), h = p->get_height();
-    // The size its header states, before anything is decoded: the signature, then the IHDR
-    // chunk (length, "IHDR", width and height big-endian).
     unsigned char head[24];
-    if (p->get_num_bytes() < sizeof head || !p->get_bytes(0, head, sizeof head) ||
+    if (p.get_num_bytes() < sizeof head || !p.get_bytes(0, head, sizeof head) ||
         memcmp(head, "\x89PNG\r\n\x1a\n", 8) != 0 || memcmp(head + 12, "IHDR", 4) != 0)
-        return;
+        return false;
     auto big_endian = [&](int at) {
         return uint32_t(head[at]) << 24 | uint32_t(head[at + 1]) << 16 | uint32_t(head[at + 2]) << 8 | head[at + 3];
     };
     const uint64_t stated_w = big_endian(16), stated_h = big_endian(20);
     if (stated_w == 0 || stated_h == 0 || stated_w * stated_h > MAX_PICTURE_PIXELS) {
-        cut_short = cut_short || (stated_w && stated_h);
-        return;
+        too_large = too_large || (stated_w && stated_h);
+        return false;
     }
-    const QImage& decoded = p->get_qimage();
-    if (decoded.isNull() || w <= 0 || h <= 0)
+    return true;
+}
+
+}
+
+void Renderer::draw_png(VT_obj* obj, int x, int y)
+{
+    auto* p = as<PNG_obj>(obj);
+    if (!p || !drawable_png(*p, cut_short))
+        return;
+    draw_image(p->get_qimage(), Rect{x, y, p->get_width(), p->get_height()});
+}
+
+void Renderer::draw_scaled_graphic(VT_obj* obj, int x, int y)
+{
+    auto* p = as<Scaled_graphic_obj>(obj);
+    auto* data = p ? as<Graphic_data_obj>(find(p->get_value())) : nullptr;
+    if (!data || data->get_format() != Graphic_data_obj::FORMAT_PNG || !drawable_png(*data, cut_short))
+        return;
+    const QImage& decoded = data->get_qimage();
+    if (decoded.isNull())
+        return;
+    Scaled_graphic_obj::Placement at;
+    {
+        const VT_obj::Lock guard(*p);
+        at = p->_place(decoded.width(), decoded.height());
+    }
+    // The image stays inside the object's own box.
+    const Rect outer = canvas->clip();
+    canvas->set_clip(outer.intersected(Rect{x, y, p->get_width(), p->get_height()}));
+    draw_image(decoded, Rect{x + at.x, y + at.y, at.width, at.height});
+    canvas->set_clip(outer);
+}
+
+void Renderer::draw_image(const QImage& decoded, const Rect& to)
+{
+    if (decoded.isNull() || to.w <= 0 || to.h <= 0)
         return;
     const QImage image = decoded.convertToFormat(QImage::Format_ARGB32);
     const int aw = image.width(), ah = image.height();
-    const Rect area = Rect{x, y, w, h}.intersected(canvas->clip());
+    const int x = to.x, y = to.y, w = to.w, h = to.h;
+    const Rect area = to.intersected(canvas->clip());
     for (int r = area.y; r < area.y + area.h; ++r) {
         const QRgb* source = reinterpret_cast<const QRgb*>(image.constScanLine(int(int64_t(r - y) * ah / h)));
         for (int c = area.x; c < area.x + area.w; ++c) {

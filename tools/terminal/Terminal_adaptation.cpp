@@ -108,8 +108,10 @@ void reduce_picture(Base::Picture_graphic_obj& picture, int colours)
         *o = options;
 }
 
-// A PNG object's image as 32-bit ARGB; null when its bytes are no PNG image.
-QImage png_image(Base::PNG_obj& png)
+// A PNG object's (or graphic data object's) image as 32-bit ARGB; null when its bytes are no
+// PNG image.
+template <class Png>
+QImage png_image(Png& png)
 {
     QByteArray bytes(int(std::min<uint32_t>(png.get_num_bytes(), 1u << 30)), '\0');
     if (bytes.isEmpty() || !png.get_bytes(0, reinterpret_cast<unsigned char*>(bytes.data()), unsigned(bytes.size())))
@@ -123,9 +125,10 @@ bool is_transparent(QRgb pixel)
     return qAlpha(pixel) <= 0x80;
 }
 
-// Gives a PNG object's image the terminal's colours, where it has others; false when its
-// bytes are no PNG image, or its image cannot be encoded again.
-bool reduce_png(Base::PNG_obj& png, int colours)
+// Gives a PNG object's (or graphic data object's) image the terminal's colours, where it has
+// others; false when its bytes are no PNG image, or its image cannot be encoded again.
+template <class Png>
+bool reduce_png(Png& png, int colours)
 {
     QImage image = png_image(png);
     if (image.isNull())
@@ -383,6 +386,9 @@ void Terminal_adaptation::reduce_pictures(Object_pool& pool, const Terminal& ter
             reduce_picture(*picture, terminal.colours);
         } else if (auto* png = dynamic_cast<Base::PNG_obj*>(obj)) {
             if (!reduce_png(*png, terminal.colours))
+                problems.append(object_label(obj) + ": holds no PNG image that can be given the terminal's colours");
+        } else if (auto* data = dynamic_cast<Base::Graphic_data_obj*>(obj)) {
+            if (!reduce_png(*data, terminal.colours))
                 problems.append(object_label(obj) + ": holds no PNG image that can be given the terminal's colours");
         }
         for (const Library_output::Line& line : said.take())

@@ -73,7 +73,27 @@ bool Invocation::read()
             usage_error(QStringLiteral("%1 %2 is required").arg(Option::spelled(o.names.first()), o.value_name));
             return false;
         }
+    VT::Vt6_objects form;
+    if (is_set("vt6-objects") && !VT::parse_vt6_objects(value("vt6-objects").toUtf8(), form)) {
+        usage_error(QStringLiteral("--vt6-objects takes iso or legacy, not '%1'").arg(value("vt6-objects")));
+        return false;
+    }
     return true;
+}
+
+VT::Vt6_objects Invocation::vt6_objects() const
+{
+    VT::Vt6_objects form = VT::Vt6_objects::legacy;
+    if (is_set("vt6-objects"))
+        VT::parse_vt6_objects(value("vt6-objects").toUtf8(), form);
+    return form;
+}
+
+Option Invocation::vt6_objects_option()
+{
+    return {{"vt6-objects"}, "iso|legacy",
+            "how a pool file lays out types 46 to 48: as ISO 11783-6 (iso) or this library's PNG and special "
+            "controls (legacy, the default); a description says it itself"};
 }
 
 // The parser says what went wrong only in a sentence of its own; the command line tells which
@@ -139,6 +159,7 @@ int Invocation::usage_error(const QString& text) const
 
 bool Invocation::load(Object_pool& pool, bool verbose, bool* is_description, VT::Check::Loaded* loaded) const
 {
+    pool.set_vt6_objects(vt6_objects());
     // --language chooses the language of a description where it takes a code (describe's
     // names language pools instead).
     const Option* chosen = option("language");
@@ -181,6 +202,7 @@ bool Invocation::load_named(Object_pool& pool, bool* is_description) const
         *is_description = f.open(QIODevice::ReadOnly) && VT::Pool_loader::looks_like_description(argument(), f.read(64));
     }
     QStringList problems, warnings;
+    pool.set_vt6_objects(vt6_objects());
     VT::Object_names::By_id names;
     bool ok = !is_set("names") || VT::Object_names::read_header(value("names"), names, problems, warnings);
     ok = ok && VT::Describer::load_named(argument(), names, pool, problems, warnings, is_set("lenient"));

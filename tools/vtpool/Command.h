@@ -108,6 +108,10 @@ public:
     static Option names_option();
     // The option that chooses a description's language (docs/description-format.md).
     static Option language_option();
+    // The option that says how a pool file lays out types 46 to 48 (Vt6_objects).
+    static Option vt6_objects_option();
+    // The form it gives (the default when the command has no such option or it was not given).
+    VT::Vt6_objects vt6_objects() const;
 
     // Values of options: a decimal or 0x-hexadecimal number up to `max`, a size WIDTHxHEIGHT.
     static bool parse_number(const QString& text, unsigned max, unsigned& out);

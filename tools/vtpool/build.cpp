@@ -111,7 +111,7 @@ Command build_command()
                                 {{"chunk"}, "N", "bytes per transfer buffer while writing (default 1785)"},
                                 {{"no-check"}, "", "build even when the checks find errors"},
                                 {{"verbose"}, "", "also show what the library said that is reported otherwise"},
-                                Option::lenient()},
+                                Option::lenient(), Invocation::vt6_objects_option()},
             run};
 }
 

@@ -26,6 +26,7 @@ int run(Invocation& in)
     request.verbose = in.is_set("verbose");
     request.language = in.value("language").toUtf8();
     request.lenient = in.is_set("lenient");
+    request.vt6_objects = in.vt6_objects();
     return VT::Check::run_check(request, std::cout);
 }
 
@@ -64,7 +65,7 @@ Command check_command()
                                 {{"werror"}, "", "exit with status 1 on warnings too"},
                                 Invocation::language_option(),
                                 {{"verbose"}, "", "also show what the library said that is reported otherwise"},
-                                Option::lenient()},
+                                Option::lenient(), Invocation::vt6_objects_option()},
             run};
 }
 

@@ -126,7 +126,8 @@ Command describe_command()
              Invocation::names_option(),
              {{"accept-changes"}, "", "describe a pool whose values the reader had to clamp, as read"},
              {{"language"}, "CODE=FILE", "the pool in a further language (repeatable: de=pool_de.iop)", false, true},
-             {{"default-language"}, "CODE", "POOL's language (default: the first its working set lists, else en)"}},
+             {{"default-language"}, "CODE", "POOL's language (default: the first its working set lists, else en)"},
+             Invocation::vt6_objects_option()},
             run};
 }
 

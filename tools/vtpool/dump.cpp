@@ -28,7 +28,7 @@ Command dump_command()
             {"POOL"},
             "Prints every object with its attributes (of objects sharing an id, all of them).\n",
             {{{"bytes"}, "", "add each object's bytes"}, Invocation::language_option(),
-             {{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient()},
+             {{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient(), Invocation::vt6_objects_option()},
             run};
 }
 

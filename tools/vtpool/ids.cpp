@@ -39,7 +39,7 @@ Command ids_command()
             {Option::output("IDS.h", "where to write the header"),
              {{"constexpr"}, "", "constexpr constants instead of #define lines"},
              {{"namespace"}, "NAME", "the namespace of the constants (with --constexpr)"},
-             Invocation::names_option()},
+             Invocation::names_option(), Invocation::vt6_objects_option()},
             run};
 }
 

@@ -38,7 +38,7 @@ Command info_command()
             "Objects and bytes per type, the largest objects, and the lowest VT version the pool\n"
             "needs with the objects and attributes that decide it.\n",
             {Invocation::language_option(), {{"verbose"}, "", "also show what the library said that is reported otherwise"},
-             Option::lenient()},
+             Option::lenient(), Invocation::vt6_objects_option()},
             run};
 }
 

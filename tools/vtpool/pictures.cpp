@@ -37,7 +37,7 @@ Command pictures_command()
             "write the pool's pictures as PNG files",
             {"POOL"},
             "Writes every picture graphic and PNG object as DIR/<name>.png.\n",
-            {Option::output("DIR", "the folder to write into, created if missing"), {{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient()},
+            {Option::output("DIR", "the folder to write into, created if missing"), {{"verbose"}, "", "also show what the library said that is reported otherwise"}, Option::lenient(), Invocation::vt6_objects_option()},
             run};
 }
 

@@ -159,7 +159,7 @@ Command render_command()
                             Invocation::language_option()} +
                 Terminal_options::only({"colours", "mask-size", "key-size", "soft-keys", "small-fonts", "large-fonts",
                                         "font-styles"}) +
-                QVector<Option>{Option::lenient()},
+                QVector<Option>{Option::lenient(), Invocation::vt6_objects_option()},
             run};
 }
 

@@ -120,7 +120,7 @@ Command source_command()
             QVector<Option>{Option::output("FILE.cpp", "where to write the source"),
                             {{"header"}, "FILE.h", "also write the ID header that declares objects()"},
                             {{"namespace"}, "NAME", "the namespace of the source and its header"},
-                            Invocation::names_option(), Option::lenient()} +
+                            Invocation::names_option(), Option::lenient(), Invocation::vt6_objects_option()} +
                 Terminal_options::only({"design-size", "mask-size", "design-key-size", "key-size"}),
             run};
 }

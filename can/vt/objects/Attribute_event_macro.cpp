@@ -86,6 +86,46 @@ void Attribute_lang::get_code_valref_for_list(const char*, std::ostream& os)
     os << unsigned(byte_1.get()) << "," << unsigned(byte_2.get());
 }
 
+int Attribute_language_pair::serialise(int offset, uint8_t* buf, int len) const
+{
+    return serialise_members({&language_1, &language_2, &country_1, &country_2}, offset, buf, len);
+}
+
+int Attribute_language_pair::deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res)
+{
+    if (offset + 4 > len)
+        return 0;
+    return deserialise_members({&language_1, &language_2, &country_1, &country_2}, offset, buf, len, res);
+}
+
+int Attribute_language_pair::_set_by_spec(Spec_node* spec_node, scale_area_t area)
+{
+    int n = 0;
+    for (Attribute_uint8* a : {&language_1, &language_2, &country_1, &country_2})
+        n += a->_set_by_spec(spec_node, area) ? 1 : 0;
+    return n == 4;
+}
+
+void Attribute_language_pair::print_me(std::ostream& os, int indent) const
+{
+    print_indent(os, indent);
+    print_basic(os, indent);
+    os << " Value: " << char(language_1.get()) << char(language_2.get()) << "-" << char(country_1.get())
+       << char(country_2.get()) << std::endl;
+}
+
+void Attribute_language_pair::get_code_def_for_list(const char*, std::ostream& os, int indent)
+{
+    code_indent_attr(os, indent);
+    os << "Attribute_language_pair";
+}
+
+void Attribute_language_pair::get_code_valref_for_list(const char*, std::ostream& os)
+{
+    os << unsigned(language_1.get()) << "," << unsigned(language_2.get()) << "," << unsigned(country_1.get()) << ","
+       << unsigned(country_2.get());
+}
+
 int Attribute_labelref::serialise(int offset, uint8_t* buf, int len) const
 {
     return serialise_members({&labelled_object, &string_variable, &font_type, &graphic_representation}, offset, buf,

@@ -63,6 +63,42 @@ private:
     Attribute_uint8 byte_2;
 };
 
+// A language and the country it is spoken in, two letters each (4 bytes): "en", "GB".
+class Attribute_language_pair : public Attribute
+{
+public:
+    Attribute_language_pair() : Attribute_language_pair(' ', ' ', ' ', ' ') {}
+    Attribute_language_pair(uint8_t language_1, uint8_t language_2, uint8_t country_1, uint8_t country_2)
+        : Attribute("language_pairs"), language_1(0, 255, language_1, "language_1"),
+          language_2(0, 255, language_2, "language_2"), country_1(0, 255, country_1, "country_1"),
+          country_2(0, 255, country_2, "country_2")
+    {
+    }
+    Attribute_language_pair(const char (&language)[3], const char (&country)[3])
+        : Attribute_language_pair(uint8_t(language[0]), uint8_t(language[1]), uint8_t(country[0]), uint8_t(country[1]))
+    {
+    }
+    uint8_t get_language(int i) const { return i == 0 ? language_1 : language_2; }
+    uint8_t get_country(int i) const { return i == 0 ? country_1 : country_2; }
+
+    int num_bytes() const override { return 4; }
+    using Attribute::serialise;
+    int serialise(int offset, uint8_t* buf, int len) const override;
+    int deserialise(int offset, uint8_t* buf, int len, Iso::Deserialise_results* res) override;
+    atype get_type() const override { return ATTR_LANG; }
+    int _set_by_spec(Spec_node* spec_node, scale_area_t area) override;
+    void print_me(std::ostream& os, int indent) const override;
+    void get_code_def_for_list(const char* prefix, std::ostream& os, int indent);
+    void get_code_valref_for_list(const char* prefix, std::ostream& os);
+    static const char* search_string() { return "Language_pair"; }
+
+private:
+    Attribute_uint8 language_1;
+    Attribute_uint8 language_2;
+    Attribute_uint8 country_1;
+    Attribute_uint8 country_2;
+};
+
 // An entry of an object label reference list (7 bytes).
 class Attribute_labelref : public Attribute
 {

@@ -197,6 +197,16 @@ private:                                                                        
         Attribute* every[NUM_EVERY + 1];                                                                            \
     } tables;
 
+// A class whose type the type catalogue leaves unnamed (the ISO 11783-6 forms of the version 6
+// objects) names it itself, for printouts, generated source and the host's tables. Stands in
+// the public part of the class.
+#define VT_OWN_TYPE_NAME(NAME)                                                                                       \
+    static constexpr const char* TYPE_NAME = NAME;                                                                  \
+    const char* __get_type_string() const override                                                                  \
+    {                                                                                                               \
+        return TYPE_NAME;                                                                                           \
+    }
+
 // get_NAME() takes the lock around _get_NAME(), which only checks that the lock is held;
 // SPECIFIER follows the checked getter (override, where it implements an interface's).
 #define VT_GETTER_SPECIFIED(TYPE, NAME, EXPR, SPECIFIER) \

@@ -6,7 +6,8 @@
 namespace VT {
 
 // The catalogue of object types. The low byte of a type is the ISO 11783-6 type byte;
-// the high byte is an extended type used by the configuration objects (type byte 246).
+// the high byte is an extended type: the kind of a configuration object (type byte 246), or 1
+// for the ISO forms of types 46 and 47.
 class VT_obj_type
 {
 public:
@@ -59,6 +60,7 @@ public:
         TYPE_COLOUR_PALETTE = 45,
         TYPE_PNG = 46,
         TYPE_WORKING_SET_SPECIAL_CONTROLS = 47,
+        TYPE_SCALED_GRAPHIC = 48,
         TYPE_FIELD = 241,
         TYPE_SWATH = 242,
         TYPE_NAMED_COLOUR = 243,
@@ -70,6 +72,11 @@ public:
         TYPE_CONFIG_PAGE = 246 + 3 * 256,
         TYPE_CONFIG_ITEM = 246 + 4 * 256,
         TYPE_CONFIG_TABLE = 246 + 5 * 256,
+        // Types 46 and 47 as ISO 11783-6 lays them out for VT version 6, in pools that choose
+        // those forms: the same type byte, told apart from PNG and Working_set_special_controls
+        // by extended type 1, which is not serialised.
+        TYPE_GRAPHIC_DATA = 46 + 1 * 256,
+        TYPE_ISO_SPECIAL_CONTROLS = 47 + 1 * 256,
     };
 
     // Attributes that many types share, for callers that address them without knowing the class.
