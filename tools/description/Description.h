@@ -82,6 +82,8 @@ private:
     void check_children(Xml_element* e, int depth);
     void assign_ids();
     void prepare_values(Xml_element* e);
+    // The content of the file an element's "file" attribute names, relative to the description.
+    bool read_file(Xml_element* e, QString& path, QByteArray& content);
     void prepare_picture(Xml_element* e, bool png);
     // A graphic data object's PNG file, sent as it is.
     void prepare_graphic_data(Xml_element* e);

@@ -1,10 +1,6 @@
 // What a description says of its pool as a whole: the sizes and the form of version 6 objects
-// given on <object_pool> (and the files of graphic data, an object of that form), the
-// justification of placed children in those sizes, attributes no one used, and the languages
-// of its texts.
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+// given on <object_pool>, the justification of placed children in those sizes, attributes no
+// one used, and the languages of its texts.
 #include <cstring>
 
 #include "tools/description/Attribute_names.h"
@@ -14,31 +10,6 @@
 #include "tools/pool/Object_factory.h"
 
 namespace VT {
-
-void Description::prepare_graphic_data(Xml_element* e)
-{
-    e->mark_used("file");
-    QString path = QString::fromUtf8(*e->attribute("file"));
-    if (QFileInfo(path).isRelative())
-        path = QDir(base_dir).filePath(path);
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly)) {
-        problem(e, QStringLiteral("cannot read picture '%1': %2").arg(path, f.errorString()));
-        return;
-    }
-    const QByteArray content = f.readAll();
-    // The only format graphic data has so far is PNG: the file goes out as it is.
-    if (!content.startsWith("\x89PNG\r\n\x1a\n")) {
-        problem(e, QStringLiteral("'%1' is not a PNG file, the only format graphic data holds").arg(path));
-        return;
-    }
-    for (const char* key : {"num_bytes", "bytes"})
-        if (e->attribute(key))
-            warning(e, QStringLiteral("'%1' is taken from the picture file; the value given is ignored").arg(key));
-    e->supply("num_bytes", QByteArray::number(content.size()), false);
-    e->supply("bytes", content, false);
-    e->supply("bytes", content, true);
-}
 
 bool Description::read_vt6_objects()
 {

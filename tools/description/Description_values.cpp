@@ -1,5 +1,5 @@
-// A description's values on their way into the objects: byte strings and pictures turned into
-// attribute values, what the library says while reading them, and values outside their
+// A description's values on their way into the objects: byte strings, pictures and graphic
+// data turned into attribute values, what the library says while reading them, and values outside their
 // attribute's range.
 #include "tools/description/Description.h"
 
@@ -52,18 +52,27 @@ void Description::prepare_values(Xml_element* e)
     }
 }
 
-void Description::prepare_picture(Xml_element* e, bool png)
+bool Description::read_file(Xml_element* e, QString& path, QByteArray& content)
 {
     e->mark_used("file");
-    QString path = QString::fromUtf8(*e->attribute("file"));
+    path = QString::fromUtf8(*e->attribute("file"));
     if (QFileInfo(path).isRelative())
         path = QDir(base_dir).filePath(path);
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) {
         problem(e, QStringLiteral("cannot read picture '%1': %2").arg(path, f.errorString()));
-        return;
+        return false;
     }
-    QByteArray content = f.readAll();
+    content = f.readAll();
+    return true;
+}
+
+void Description::prepare_picture(Xml_element* e, bool png)
+{
+    QString path;
+    QByteArray content;
+    if (!read_file(e, path, content))
+        return;
     QImage image;
     if (content.isEmpty() || !image.loadFromData(content)) {
         problem(e, QStringLiteral("'%1' is not an image this tool can read").arg(path));
@@ -109,6 +118,25 @@ void Description::prepare_picture(Xml_element* e, bool png)
     supply("num_bytes", QByteArray::number(data.size()));
     supply("bytes", data);
     e->supply("bytes", data, true);
+}
+
+void Description::prepare_graphic_data(Xml_element* e)
+{
+    QString path;
+    QByteArray content;
+    if (!read_file(e, path, content))
+        return;
+    // The only format graphic data has so far is PNG: the file goes out as it is.
+    if (!content.startsWith("\x89PNG\r\n\x1a\n")) {
+        problem(e, QStringLiteral("'%1' is not a PNG file, the only format graphic data holds").arg(path));
+        return;
+    }
+    for (const char* key : {"num_bytes", "bytes"})
+        if (e->attribute(key))
+            warning(e, QStringLiteral("'%1' is taken from the picture file; the value given is ignored").arg(key));
+    e->supply("num_bytes", QByteArray::number(content.size()), false);
+    e->supply("bytes", content, false);
+    e->supply("bytes", content, true);
 }
 
 void Description::read_values(Library_output& said)
