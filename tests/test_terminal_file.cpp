@@ -17,9 +17,9 @@ namespace {
 bool same(const Terminal& a, const Terminal& b)
 {
     return a.vt_version == b.vt_version && a.colours == b.colours && a.data_mask_width == b.data_mask_width &&
-           a.data_mask_height == b.data_mask_height && a.key_width == b.key_width && a.key_height == b.key_height &&
-           a.physical_soft_keys == b.physical_soft_keys && a.small_fonts == b.small_fonts &&
-           a.large_fonts == b.large_fonts && a.font_styles == b.font_styles;
+        a.data_mask_height == b.data_mask_height && a.key_width == b.key_width && a.key_height == b.key_height &&
+        a.physical_soft_keys == b.physical_soft_keys && a.small_fonts == b.small_fonts &&
+        a.large_fonts == b.large_fonts && a.font_styles == b.font_styles;
 }
 
 Terminal expected_terminal()
@@ -43,7 +43,7 @@ TEST(Terminal_file, IniAndJsonGiveEveryPropertyAndTheExamplesRead)
 {
     const QByteArray ini = "# a comment\n[terminal]\nvt-version = 4\n; another\n  colours=16  \nmask-size = 320x240\n"
                            "key_size = 40\nsoft-keys = 10\nsmall-fonts = 0x3F\nlarge-fonts = 1\nfont-styles = 0x9f\n";
-    const QByteArray json = R"({"vt-version": 4, "colours": "16", "mask_size": "320x240", "key-size": 40,
+    const QByteArray json = R"({"vt-version": 4, "colours": "1\u0036", "mask_size": "320x240", "key-size": 4e1,
         "soft-keys": 10, "small-fonts": "0x3F", "large-fonts": 1, "font-styles": 159})";
     for (const QByteArray& text : {ini, json}) {
         Terminal t;
@@ -91,7 +91,8 @@ TEST(Terminal_file, BadFilesNameTheLineAndThePropertyAndChangeNothing)
         {"colours = 16\ncolours = 2\n", "t:2: 'colours' is given twice"},
         {"[display]\n", "t:1: a terminal file holds one section"},
         {"colours 16\n", "t:1: expected 'name = value'"},
-        {"small-fonts = 0\nlarge-fonts = 0\n", "t: small-fonts and large-fonts leave the terminal without any font size"},
+        {"small-fonts = 0\nlarge-fonts = 0\n",
+         "t: small-fonts and large-fonts leave the terminal without any font size"},
         {R"({"colours": 8})", "t:1: 'colours' takes 2, 16 or 256, not '8'"},
         {"{\n  \"colours\": 16,\n  \"vt_version\": 9\n}", "t:3: 'vt-version' takes a VT version from 2 to 6, not '9'"},
         {R"({"colours": 16, "colours": 2})", "t:1: 'colours' is given twice"},
@@ -99,6 +100,20 @@ TEST(Terminal_file, BadFilesNameTheLineAndThePropertyAndChangeNothing)
         {R"({"soft-keys": 4.5})", "t:1: 'soft-keys' takes a number from 0 to 64, not '4.5'"},
         {R"({"soft-keys": [6]})", "t:1: 'soft-keys' takes a number"},
         {R"({"bold": true})", "t:1: 'bold' is not a terminal property"},
+        // A repeated name whose first value is an object: the file once leaked that object.
+        {"{\"soft-keys\": 6,\n\"key-size\": {\"a\": [\"]\", {}]},\n\"key-size\": 80}",
+         "t:2: 'key-size' takes the soft-key size"},
+        {"{\"colours\": 16,\n\"soft-keys\": [1, {\"a\": 2]}\n}", "t:2: brackets do not match"},
+        {"{\"colours\": 16, \"soft-keys\": [[[", "t:1: an array or object is not closed"},
+        {"{\"colours\": \"16", "t:1: a string is not closed"},
+        {"{\"colours\": \"1\\x\"}", "t:1: an unknown escape"},
+        {"{\"colours\": \"\\u00\"}", "t:1: \\u needs four hexadecimal digits"},
+        {"{\"colours\": \"1\t6\"}", "t:1: a control character"},
+        {"{\"colours\" 16}", "t:1: expected ':' after the name"},
+        {"{colours: 16}", "t:1: expected a name in double quotes"},
+        {"{\"colours\": 16 \"soft-keys\": 6}", "t:1: expected ',' or '}'"},
+        {"{\"colours\": 1.}", "t:1: a number needs digits after its point"},
+        {"{\"colours\": 16}\n{}", "t:2: text after the object"},
     };
     for (const Case& c : cases) {
         Terminal t;
@@ -147,7 +162,8 @@ TEST(Terminal_file, VtpoolTakesTheFileWithOptionsOverridingItAndRefusesBadOnesWi
         QString error;
     } const cases[] = {
         {{"--terminal", bad}, QStringLiteral("vtpool build: %1:2: 'colours' takes 2, 16 or 256, not '12'").arg(bad)},
-        {{"--terminal", tmp.filePath("none.ini")}, QStringLiteral("vtpool build: %1: cannot read").arg(tmp.filePath("none.ini"))},
+        {{"--terminal", tmp.filePath("none.ini")},
+         QStringLiteral("vtpool build: %1: cannot read").arg(tmp.filePath("none.ini"))},
         {{"--vt-version", "7"}, "vtpool build: --vt-version takes a VT version from 2 to 6"},
         {{"--vt-version", "255"}, "vtpool build: --vt-version takes a VT version from 2 to 6"},
         {{"--mask-size", "0", "--design-size", "480x480"}, "vtpool build: --mask-size takes the data-mask size"},
@@ -155,7 +171,8 @@ TEST(Terminal_file, VtpoolTakesTheFileWithOptionsOverridingItAndRefusesBadOnesWi
         {{"--small-fonts", "0", "--large-fonts", "0"},
          "vtpool build: small-fonts and large-fonts leave the terminal without any font size"},
         {{"--design-size", "480x480"}, "vtpool build: --design-size needs the terminal's --mask-size"},
-        {{"--terminal", sixteen, "--design-key-size", "60x60"}, "vtpool build: --design-key-size needs the terminal's --key-size"},
+        {{"--terminal", sixteen, "--design-key-size", "60x60"},
+         "vtpool build: --design-key-size needs the terminal's --key-size"},
     };
     for (const Case& c : cases) {
         QFile::remove(out);

@@ -1,21 +1,18 @@
 #include "tools/terminal/Terminal_file.h"
 
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+
 #include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QRegularExpression>
 #include <QSet>
+#include <QVector>
 
 #include "tools/terminal/Terminal_properties.h"
 
 namespace VT {
 
 namespace {
-
-int line_at(const QByteArray& content, int offset)
-{
-    return 1 + int(content.left(std::max(0, offset)).count('\n'));
-}
 
 // Sets one property; false with the error naming where, which and what it takes.
 bool apply(Terminal& t, const QString& where, const QString& name, const QString& value, QSet<QString>& seen,
@@ -28,13 +25,12 @@ bool apply(Terminal& t, const QString& where, const QString& name, const QString
         return false;
     };
     if (!p)
-        return fail(QStringLiteral("'%1' is not a terminal property (known: %2)")
-                        .arg(name, [] {
-                            QStringList names;
-                            for (const Terminal_property& q : terminal_properties())
-                                names.append(QLatin1String(q.name));
-                            return names.join(", ");
-                        }()));
+        return fail(QStringLiteral("'%1' is not a terminal property (known: %2)").arg(name, [] {
+            QStringList names;
+            for (const Terminal_property& q : terminal_properties())
+                names.append(QLatin1String(q.name));
+            return names.join(", ");
+        }()));
     if (seen.contains(QLatin1String(p->name)))
         return fail(QStringLiteral("'%1' is given twice").arg(p->name));
     seen.insert(QLatin1String(p->name));
@@ -73,50 +69,204 @@ bool read_ini(const QByteArray& content, const QString& file, Terminal& t, QSet<
     return true;
 }
 
-bool read_json(const QByteArray& content, const QString& file, Terminal& t, QSet<QString>& seen, QString* error)
+// One "name": value member of a JSON terminal file, with the line its name stands on. Values
+// are given as text: strings as they are, numbers as the shortest exact decimal, arrays and
+// objects as "[...]" and "{...}" (no property takes those).
+struct Member
 {
-    QJsonParseError parse_error;
-    const QJsonDocument doc = QJsonDocument::fromJson(content, &parse_error);
-    if (parse_error.error != QJsonParseError::NoError || !doc.isObject()) {
-        if (error)
-            *error = QStringLiteral("%1:%2: %3")
-                         .arg(file)
-                         .arg(line_at(content, parse_error.offset))
-                         .arg(parse_error.error != QJsonParseError::NoError ? parse_error.errorString()
-                                                                             : QStringLiteral("expected one object"));
+    QString name;
+    QString value;
+    int line;
+};
+
+// Reads the one flat object a JSON terminal file holds. Qt's JSON reader is not used for it: it
+// keeps only the last of repeated names, forgets where each stood, and in Qt 5.15 loses the
+// memory of an object or array that a repeated name replaces.
+class Json_members
+{
+public:
+    explicit Json_members(const QByteArray& text) : s_(text) {}
+
+    // False with `what` ("LINE: what was wrong") at the first fault.
+    bool read(QVector<Member>& members, QString& what)
+    {
+        skip_space();
+        if (!eat('{'))
+            return fail(what, "expected one object");
+        skip_space();
+        if (!eat('}')) {
+            do {
+                skip_space();
+                Member m;
+                m.line = line();
+                const bool quoted = peek() == '"';
+                if (!string(m.name))
+                    return fail(what, quoted ? what_ : QStringLiteral("expected a name in double quotes"));
+                skip_space();
+                if (!eat(':'))
+                    return fail(what, "expected ':' after the name");
+                skip_space();
+                if (!value(m.value))
+                    return fail(what, what_);
+                members.append(m);
+                skip_space();
+            } while (eat(','));
+            if (!eat('}'))
+                return fail(what, "expected ',' or '}'");
+        }
+        skip_space();
+        if (i_ < s_.size())
+            return fail(what, "text after the object");
+        return true;
+    }
+
+private:
+    char peek() const { return i_ < s_.size() ? s_[i_] : '\0'; }
+    bool eat(char c)
+    {
+        if (i_ >= s_.size() || s_[i_] != c)
+            return false;
+        ++i_;
+        return true;
+    }
+    void skip_space()
+    {
+        while (i_ < s_.size() && (s_[i_] == ' ' || s_[i_] == '\t' || s_[i_] == '\n' || s_[i_] == '\r'))
+            ++i_;
+    }
+    // Counts on from where it last counted: reading only moves forward.
+    int line()
+    {
+        line_ += int(std::count(s_.begin() + counted_, s_.begin() + i_, '\n'));
+        counted_ = i_;
+        return line_;
+    }
+    bool fail(QString& what, const QString& text)
+    {
+        what = QStringLiteral("%1: %2").arg(line()).arg(text);
         return false;
     }
-    // The parser keeps the last of repeated names and forgets where each stood: both are found
-    // in the text.
-    const QString text = QString::fromUtf8(content);
-    const QJsonObject object = doc.object();
-    for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
-        const QRegularExpression at(QStringLiteral("\"%1\"\\s*:").arg(QRegularExpression::escape(it.key())));
-        QRegularExpressionMatchIterator matches = at.globalMatch(text);
-        int first = -1, count = 0;
-        while (matches.hasNext()) {
-            const int start = matches.next().capturedStart();
-            first = first < 0 ? start : first;
-            ++count;
-        }
-        const QString where = QStringLiteral("%1:%2").arg(file).arg(1 + text.leftRef(std::max(first, 0)).count('\n'));
-        if (count > 1) {
-            if (error)
-                *error = where + QStringLiteral(": '%1' is given twice").arg(it.key());
-            return false;
-        }
-        QString value;
-        if (it->isString())
-            value = it->toString();
-        else if (it->isDouble())
-            value = QString::number(it->toDouble(), 'g', 17);
-        else if (it->isBool())
-            value = it->toBool() ? "true" : "false";
-        else
-            value = it->isArray() ? "[...]" : it->isObject() ? "{...}" : "null";
-        if (!apply(t, where, it.key(), value, seen, error))
-            return false;
+    bool fault(const char* text)
+    {
+        what_ = QLatin1String(text);
+        return false;
     }
+
+    bool string(QString& out)
+    {
+        if (!eat('"'))
+            return false;
+        QByteArray run; // UTF-8 bytes since the last escape
+        while (i_ < s_.size() && s_[i_] != '"') {
+            const char c = s_[i_++];
+            if (uchar(c) < 0x20)
+                return fault("a control character in a string");
+            if (c != '\\') {
+                run.append(c);
+                continue;
+            }
+            out += QString::fromUtf8(run);
+            run.clear();
+            const char e = i_ < s_.size() ? s_[i_++] : '\0';
+            static const char plain[] = "\"\\/bfnrt", meant[] = "\"\\/\b\f\n\r\t";
+            if (const char* p = e ? std::strchr(plain, e) : nullptr) {
+                out += QLatin1Char(meant[p - plain]);
+            } else if (e == 'u') {
+                const QByteArray hex = s_.mid(i_, 4);
+                if (hex.size() != 4 ||
+                    !std::all_of(hex.begin(), hex.end(), [](char h) { return std::isxdigit(uchar(h)); }))
+                    return fault("\\u needs four hexadecimal digits");
+                out += QChar(ushort(hex.toUShort(nullptr, 16)));
+                i_ += 4;
+            } else {
+                return fault("an unknown escape in a string");
+            }
+        }
+        if (!eat('"'))
+            return fault("a string is not closed");
+        out += QString::fromUtf8(run);
+        return true;
+    }
+
+    bool value(QString& out)
+    {
+        const char c = peek();
+        if (c == '"')
+            return string(out);
+        if (c == '[' || c == '{')
+            return nested(out);
+        for (const char* word : {"true", "false", "null"})
+            if (s_.mid(i_, int(std::strlen(word))) == word) {
+                i_ += int(std::strlen(word));
+                out = QLatin1String(word);
+                return true;
+            }
+        return number(out);
+    }
+
+    bool number(QString& out)
+    {
+        const int from = i_;
+        auto digits = [&] {
+            const int first = i_;
+            while (i_ < s_.size() && s_[i_] >= '0' && s_[i_] <= '9')
+                ++i_;
+            return i_ > first;
+        };
+        eat('-');
+        if (!(eat('0') || digits()))
+            return fault("expected a value");
+        if (eat('.') && !digits())
+            return fault("a number needs digits after its point");
+        if ((eat('e') || eat('E')) && !((eat('+') || eat('-') || true) && digits()))
+            return fault("a number needs digits in its exponent");
+        out = QString::number(s_.mid(from, i_ - from).toDouble(), 'g', 17);
+        return true;
+    }
+
+    // Steps over an array or object, strings in it included, without recursing.
+    bool nested(QString& out)
+    {
+        out = peek() == '[' ? QStringLiteral("[...]") : QStringLiteral("{...}");
+        QByteArray closers;
+        do {
+            const char c = s_[i_];
+            if (c == '"') {
+                QString ignored;
+                if (!string(ignored))
+                    return false;
+                continue;
+            }
+            ++i_;
+            if (c == '[' || c == '{')
+                closers.append(c == '[' ? ']' : '}');
+            else if (c == ']' || c == '}') {
+                if (c != closers.back())
+                    return fault("brackets do not match");
+                closers.chop(1);
+            }
+        } while (!closers.isEmpty() && i_ < s_.size());
+        return closers.isEmpty() || fault("an array or object is not closed");
+    }
+
+    const QByteArray& s_;
+    int i_ = 0;
+    int line_ = 1, counted_ = 0;
+    QString what_;
+};
+
+bool read_json(const QByteArray& content, const QString& file, Terminal& t, QSet<QString>& seen, QString* error)
+{
+    QVector<Member> members;
+    QString what;
+    if (!Json_members(content).read(members, what)) {
+        if (error)
+            *error = file + ":" + what;
+        return false;
+    }
+    for (const Member& m : members)
+        if (!apply(t, QStringLiteral("%1:%2").arg(file).arg(m.line), m.name, m.value, seen, error))
+            return false;
     return true;
 }
 
@@ -129,7 +279,7 @@ bool Terminal_file::read(const QByteArray& content, const QString& file_name, Te
     QSet<QString> seen;
     const QByteArray start = content.trimmed();
     const bool ok = start.startsWith('{') ? read_json(content, file_name, t, seen, error)
-                                           : read_ini(content, file_name, t, seen, error);
+                                          : read_ini(content, file_name, t, seen, error);
     if (!ok)
         return false;
     const QString problem = terminal_problem(t);
