@@ -28,8 +28,13 @@ fi
 
 version=$(sed -n 's/^project(vt_core VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 sanitize=()
-if [ -n "$build" ] && grep -q '^VT_CORE_SANITIZE:BOOL=ON' "$build/CMakeCache.txt"; then
-  sanitize=(-fsanitize=address,undefined -fno-sanitize-recover=all)
+cxx=g++
+if [ -n "$build" ]; then
+  # The consumers are built by the build's compiler: sanitizer runtimes of two compilers do not mix.
+  cxx=$(sed -n 's/^CMAKE_CXX_COMPILER:[A-Z]*=//p' "$build/CMakeCache.txt")
+  if grep -q '^VT_CORE_SANITIZE:BOOL=ON' "$build/CMakeCache.txt"; then
+    sanitize=(-fsanitize=address,undefined -fno-sanitize-recover=all)
+  fi
 fi
 
 work=$(mktemp -d)
@@ -100,7 +105,7 @@ cmake -S "$work/versions" -B "$work/versions/build" -DCMAKE_PREFIX_PATH="$prefix
   -DREJECTED="$(IFS=';' && echo "${rejected[*]}")" >/dev/null
 
 # A CMake project that knows only find_package(vt_core).
-cmake -S examples/consumer -B "$work/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
+cmake -S examples/consumer -B "$work/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$cxx" \
   -DCMAKE_CXX_FLAGS="${sanitize[*]}" -DCMAKE_EXE_LINKER_FLAGS="${sanitize[*]}" >/dev/null
 cmake --build "$work/consumer"
 "$work/consumer/consumer" "$work/consumer/small.iop"
@@ -111,6 +116,6 @@ fi
 # A one-file program that knows only pkg-config.
 export PKG_CONFIG_PATH=$libdir/pkgconfig
 # shellcheck disable=SC2046 # the flags are words
-g++ "${sanitize[@]}" examples/consumer/object_bytes.cpp -o "$work/object_bytes" $(pkg-config --cflags --libs vt_core)
+"$cxx" -std=c++17 "${sanitize[@]}" examples/consumer/object_bytes.cpp -o "$work/object_bytes" $(pkg-config --cflags --libs vt_core)
 LD_LIBRARY_PATH=$libdir "$work/object_bytes"
 echo "check-install: vt_core $version installed under $prefix works through find_package and pkg-config"

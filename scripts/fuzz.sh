@@ -15,8 +15,12 @@ VT_CORE_WITH_FUZZ=1 scripts/setup.sh
 
 build=${VT_CORE_FUZZ_BUILD:-build-fuzz}
 read -r -a targets <<<"${VT_CORE_FUZZ_TARGETS:-fuzz_pool_file fuzz_object fuzz_description fuzz_picture fuzz_render fuzz_check fuzz_describe fuzz_terminal_file fuzz_text_table}"
-CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="-O1 -g" \
-  -DVT_CORE_TESTS=OFF -DVT_CORE_FUZZ=ON >/dev/null
+# A build that already has the fuzz targets (the test build, VT_CORE_FUZZ_BUILD=build-test) is used
+# as it is.
+if ! grep -q '^VT_CORE_FUZZ:BOOL=ON' "$build/CMakeCache.txt" 2>/dev/null; then
+  CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="-O1 -g" \
+    -DVT_CORE_TESTS=OFF -DVT_CORE_FUZZ=ON >/dev/null
+fi
 cmake --build "$build" -j"$(nproc)" --target fuzz_targets
 
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:allocator_may_return_null=0
