@@ -4,11 +4,11 @@
 # (LeakSanitizer on: a leak fails the run). Then installs that build into a temporary prefix and
 # builds and runs examples/consumer against it through find_package and pkg-config, with the
 # build tree moved away (scripts/check-install.sh). Then runs each fuzz target of the same build
-# for a short time (VT_CORE_FUZZ_SECONDS, default 30; 0 skips them), started from the real pools
+# for a short time (VT_CORE_FUZZ_SECONDS, default 20; 0 skips them), started from the real pools
 # and the examples. Any failure, sanitizer report, leak or fuzz finding fails the run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-fuzz_seconds=${VT_CORE_FUZZ_SECONDS:-30}
+fuzz_seconds=${VT_CORE_FUZZ_SECONDS:-20}
 VT_CORE_WITH_TESTS=1 VT_CORE_WITH_FUZZ=1 scripts/setup.sh
 
 # One build serves the tests and the fuzz targets: building the sources a second time for
