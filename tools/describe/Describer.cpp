@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QtGlobal>
+#include <cstdio>
 #include <iostream>
 #include <sstream>
 
@@ -21,12 +23,22 @@ const char* const DESCRIPTION_FILE = "pool.xml";
 
 // Holds back what the library writes on the standard streams while pictures are decoded and the
 // check builds the description: its warnings about the pool were given when the pool was read.
+// The warnings of Qt's image decoders are held back too ("libpng warning: iCCP: ..."): a picture
+// that does not decode is kept as bytes, with a comment in the description saying why.
 class Quiet
 {
 public:
-    Quiet() : out(std::cout.rdbuf(held.rdbuf())), err(std::cerr.rdbuf(held.rdbuf())) {}
+    Quiet()
+        : out(std::cout.rdbuf(held.rdbuf())), err(std::cerr.rdbuf(held.rdbuf())),
+          qt(qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+              if (type == QtFatalMsg)
+                  std::fprintf(stderr, "%s\n", qPrintable(text));
+          }))
+    {
+    }
     ~Quiet()
     {
+        qInstallMessageHandler(qt);
         std::cout.rdbuf(out);
         std::cerr.rdbuf(err);
     }
@@ -37,6 +49,7 @@ private:
     std::ostringstream held;
     std::streambuf* out;
     std::streambuf* err;
+    QtMessageHandler qt;
 };
 
 // The attribute of `obj` that holds byte `at` of its bytes (0: the first byte of the id).

@@ -76,8 +76,9 @@ Picture_choice picture_graphic_choice(Base::Picture_graphic_obj& picture, const 
     return c;
 }
 
-// A PNG object becomes its file when its data is a PNG of the size the object states.
-Picture_choice png_choice(Base::PNG_obj& png, const QByteArray& data)
+// PNG data becomes its file when it is a PNG that decodes, of the size the object states (when it
+// states one).
+Picture_choice png_choice(const QByteArray& data, const QSize& stated)
 {
     Picture_choice c;
     // The size from the file's header, before anything is decoded.
@@ -88,12 +89,12 @@ Picture_choice png_choice(Base::PNG_obj& png, const QByteArray& data)
     QImage image;
     if (!size.isValid())
         c.why_not = QStringLiteral("its data is not a PNG file");
-    else if (size.width() != png.get_actual_width() || size.height() != png.get_actual_height())
+    else if (stated.isValid() && size != stated)
         c.why_not = QStringLiteral("its PNG is %1 x %2 while the object states %3 x %4")
                         .arg(size.width())
                         .arg(size.height())
-                        .arg(png.get_actual_width())
-                        .arg(png.get_actual_height());
+                        .arg(stated.width())
+                        .arg(stated.height());
     else if (qint64(size.width()) * size.height() > Picture_encoder::MAX_PIXELS)
         c.why_not = QStringLiteral("it is larger than a picture file may be");
     else if (!image.loadFromData(data, "PNG"))
@@ -364,19 +365,22 @@ void Writer::list(VT_obj* obj, const Class_facts& facts, const Attribute_facts& 
     }
 }
 
-// Decides how a picture graphic or PNG object travels; true when it is written as a file, and
-// then `left_out` holds the attributes the file gives.
+// Decides how a picture graphic, PNG or graphic data object travels; true when it is written as
+// a file, and then `left_out` holds the attributes the file gives.
 bool Writer::picture(VT_obj* obj, Xml_text& e, QSet<QByteArray>& left_out)
 {
     auto* graphic = dynamic_cast<Base::Picture_graphic_obj*>(obj);
     auto* png = dynamic_cast<Base::PNG_obj*>(obj);
-    if (!graphic && !png)
+    auto* graphic_data = dynamic_cast<Base::Graphic_data_obj*>(obj);
+    if (!graphic && !png && !(graphic_data && graphic_data->get_format() == Base::Graphic_data_obj::FORMAT_PNG))
         return false;
     const int at = obj->find_attribute("bytes");
     const QByteArray data = at < 0 ? QByteArray() : attribute_bytes(*obj->get_every_attribute(uint16_t(at)));
     if (data.isEmpty())
         return false;
-    const Picture_choice c = graphic ? picture_graphic_choice(*graphic, data) : png_choice(*png, data);
+    const Picture_choice c = graphic ? picture_graphic_choice(*graphic, data)
+                             : png   ? png_choice(data, QSize(png->get_actual_width(), png->get_actual_height()))
+                                     : png_choice(data, QSize());
     if (!c.as_file) {
         e.comment(QStringLiteral("picture data as stored: %1").arg(c.why_not).toUtf8());
         return false;
@@ -384,7 +388,11 @@ bool Writer::picture(VT_obj* obj, Xml_text& e, QSet<QByteArray>& left_out)
     const QString path = file_for(obj);
     out.files.append({path, c.file});
     e.set("file", path.toUtf8());
-    left_out = {"actual_width", "actual_height", "bytes"};
+    // Graphic data is the file's bytes and nothing else.
+    left_out = {"bytes"};
+    if (graphic_data)
+        return true;
+    left_out += {"actual_width", "actual_height"};
     const uint16_t width = graphic ? graphic->get_width() : png->get_width();
     const uint16_t actual = graphic ? graphic->get_actual_width() : png->get_actual_width();
     if (width == actual)
