@@ -15,7 +15,7 @@ VT_CORE_WITH_TESTS=1 VT_CORE_WITH_FUZZ=1 scripts/setup.sh
 # fuzzing would double the run's longest part. -O1 keeps the sanitized tests quick; line
 # tables are all a sanitizer report needs.
 build=${VT_CORE_TEST_BUILD:-build-test}
-cmake -S . -B "$build" -G Ninja -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug \
+cmake -S . -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug \
   -DCMAKE_CXX_FLAGS_DEBUG="-O1 -gline-tables-only" -DVT_CORE_SANITIZE=ON -DVT_CORE_TESTS=ON -DVT_CORE_FUZZ=ON \
   >/dev/null
 cmake --build "$build" -j"$(nproc)"
