@@ -209,17 +209,25 @@ private:                                                                        
 
 // get_NAME() takes the lock around _get_NAME(), which only checks that the lock is held;
 // SPECIFIER follows the checked getter (override, where it implements an interface's).
-#define VT_GETTER_SPECIFIED(TYPE, NAME, EXPR, SPECIFIER) \
-    TYPE get_##NAME() const SPECIFIER                    \
-    {                                                    \
-        const Lock guard(*this);                         \
-        return _get_##NAME();                            \
-    }                                                    \
-    TYPE _get_##NAME() const                             \
-    {                                                    \
-        __check_locked();                                \
-        return static_cast<TYPE>(EXPR);                  \
+#define VT_GETTER_SPECIFIED(TYPE, NAME, EXPR, SPECIFIER)   \
+    TYPE get_##NAME() const SPECIFIER                      \
+    {                                                      \
+        const Lock guard(*this);                           \
+        return _get_##NAME();                              \
+    }                                                      \
+    TYPE _get_##NAME() const VT_UNCHECKED_SPECIFIER(NAME) \
+    {                                                      \
+        __check_locked();                                  \
+        return static_cast<TYPE>(EXPR);                    \
     }
+
+// The unchecked getters of "width" and "height" implement VT_obj's size getters and say so
+// (compilers warn about overrides that do not); every other name gives nothing.
+#define VT_UNCHECKED_SPECIFIER(NAME) VT_SECOND_OF(VT_SIZE_GETTER_##NAME, , ~)
+#define VT_SIZE_GETTER_width ~, override
+#define VT_SIZE_GETTER_height ~, override
+#define VT_SECOND_OF(...) VT_SECOND_OF_(__VA_ARGS__)
+#define VT_SECOND_OF_(A, B, ...) B
 
 #define VT_GETTER(TYPE, NAME, EXPR) VT_GETTER_SPECIFIED(TYPE, NAME, EXPR, )
 
