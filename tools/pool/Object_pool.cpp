@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <iostream>
 
 #include "tools/pool/Object_factory.h"
 
@@ -68,7 +69,15 @@ void Object_pool::clear()
     // The entries of the objects' ids are emptied one by one; should an object's id have
     // changed while it was held, its entry is not found so, and every page is emptied.
     size_t emptied = 0;
+    for (const Deferred& d : deferred) {
+        slot_made(d.id) = nullptr;
+        ++emptied;
+    }
+    deferred.clear();
+    sources.clear();
     for (VT_obj* obj : old) {
+        if (!obj)
+            continue;
         const uint16_t id = obj->__get_id();
         VT_obj** page = by_id[id >> ID_PAGE_BITS];
         if (page && page[id & (ID_PAGE_SIZE - 1)] == obj) {
@@ -82,7 +91,8 @@ void Object_pool::clear()
     indexed = 0;
     by_name.clear();
     for (VT_obj* obj : old)
-        destroy(obj);
+        if (obj)
+            destroy(obj);
     // The list keeps its capacity for the objects that follow, as the arena keeps its blocks.
     old.resize(0);
     if (list.isEmpty())
@@ -324,6 +334,7 @@ VT_obj* Object_pool::find_default_named(const char* name, size_t len) const
 
 VT_obj* Object_pool::find(const QByteArray& name) const
 {
+    build_deferred();
     const size_t len = size_t(name.size());
     if (len > size_t(VT_obj::NAME_LEN))
         return nullptr;
@@ -334,6 +345,7 @@ VT_obj* Object_pool::find(const QByteArray& name) const
 
 bool Object_pool::add(VT_obj* obj, QString* error)
 {
+    build_deferred();
     if (!obj) {
         if (error)
             *error = QStringLiteral("no object");
@@ -386,7 +398,12 @@ bool Object_pool::admit(VT_obj* obj, const char* name, size_t name_len, Naming n
     };
     if (id == VT_obj::NULL_ID)
         return fail(QStringLiteral("'%1' has the NULL id 65535").arg(QString::fromUtf8(name)));
-    if (VT_obj* other = find(id))
+    VT_obj* other = slot(id);
+    if (other == unbuilt_mark()) {
+        build_deferred();
+        other = slot(id);
+    }
+    if (other)
         return fail(QStringLiteral("id %1 of '%2' is already used by '%3'")
                         .arg(id)
                         .arg(QString::fromUtf8(name))
@@ -411,18 +428,82 @@ bool Object_pool::admit(VT_obj* obj, const char* name, size_t name_len, Naming n
     if (naming == Naming::indexed)
         by_name.insert(slot, uint32_t(list.size()));
     list.append(obj);
+    slot_made(id) = obj;
+    ++indexed;
+    return true;
+}
+
+VT_obj*& Object_pool::slot_made(uint16_t id)
+{
     VT_obj**& page = by_id[id >> ID_PAGE_BITS];
     if (!page) {
         id_pages.emplace_back(new VT_obj*[ID_PAGE_SIZE]());
         page = id_pages.back().get();
     }
-    page[id & (ID_PAGE_SIZE - 1)] = obj;
+    return page[id & (ID_PAGE_SIZE - 1)];
+}
+
+int Object_pool::keep_bytes(const QByteArray& bytes)
+{
+    // A copy of its own: the caller's bytes may be borrowed (QByteArray::fromRawData) and gone by
+    // the time the objects are built.
+    sources.emplace_back(bytes.constData(), bytes.size());
+    return int(sources.size() - 1);
+}
+
+bool Object_pool::defer(const Object_factory::Entry& entry, uint16_t id, int source, int offset, int size,
+                        bool marks_input)
+{
+    VT_obj*& entry_slot = slot_made(id);
+    if (entry_slot || id == VT_obj::NULL_ID)
+        return false;
+    entry_slot = unbuilt_mark();
     ++indexed;
+    // Room for a small pool at once, rather than growing through every size below it.
+    if (deferred.capacity() == 0) {
+        deferred.reserve(32);
+        list.reserve(list.size() + 32);
+    }
+    deferred.push_back({&entry, list.size(), source, offset, size, id, marks_input});
+    list.append(nullptr);
     return true;
+}
+
+void Object_pool::build_all_deferred()
+{
+    std::vector<Deferred> todo;
+    todo.swap(deferred);
+    std::vector<uint8_t> copy;
+    for (const Deferred& d : todo) {
+        VT_obj* obj = create(*d.entry);
+        obj->set_id(d.id);
+        char name[VT_obj::NAME_LEN + 1];
+        const char* type = d.entry->name();
+        write_default_name(type, strnlen(type, VT_obj::NAME_LEN + 1), d.id, name);
+        obj->set_name(name);
+        const uint8_t* at = reinterpret_cast<const uint8_t*>(sources[size_t(d.source)].constData()) + d.offset;
+        // An object that marks its bytes reads a copy, so that the kept bytes stay as they were read.
+        uint8_t* from = const_cast<uint8_t*>(at);
+        if (d.marks_input) {
+            copy.assign(at, at + d.size);
+            from = copy.data();
+        }
+        Iso::Deserialise_results res;
+        const int consumed = obj->deserialise(0, from, d.size, &res);
+        if (consumed != d.size || res.flags)
+            std::cerr << "internal error: object " << d.id << " (" << d.entry->name()
+                      << ") read otherwise than its bytes were checked to read" << std::endl;
+        obj->set_pool_helper(&pool_helper);
+        obj->get_list_hook(0)[0] = this;
+        list[d.position] = obj;
+        slot_made(d.id) = obj;
+    }
+    sources.clear();
 }
 
 bool Object_pool::replace(VT_obj* old, VT_obj* replacement, QString* error)
 {
+    build_deferred();
     const int position = old ? list.indexOf(old) : -1;
     if (!replacement || position < 0 || replacement->__get_id() != old->__get_id()) {
         if (error)
@@ -452,7 +533,7 @@ bool Object_pool::replace(VT_obj* old, VT_obj* replacement, QString* error)
 uint16_t Object_pool::lowest_free_id(uint16_t from) const
 {
     for (uint32_t id = from; id < 65535; ++id)
-        if (!find(uint16_t(id)))
+        if (!uses_id(uint16_t(id)))
             return uint16_t(id);
     return 65535;
 }

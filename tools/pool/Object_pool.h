@@ -110,12 +110,17 @@ public:
 
     VT_obj* find(uint16_t id) const
     {
-        VT_obj* const* page = by_id[id >> ID_PAGE_BITS];
-        return page ? page[id & (ID_PAGE_SIZE - 1)] : nullptr;
+        build_deferred();
+        return slot(id);
     }
     VT_obj* find(const QByteArray& name) const;
     // In the order they were added (the order they are written in).
-    const QVector<VT_obj*>& objects() const { return list; }
+    const QVector<VT_obj*>& objects() const
+    {
+        build_deferred();
+        return list;
+    }
+    // Counts the objects not built yet too.
     int size() const { return list.size(); }
     bool is_empty() const { return list.isEmpty(); }
     // The lowest id from `from` on that no object uses (65535 when none is left).
@@ -131,6 +136,34 @@ public:
     // as and the classes a description may use. Kept by clear().
     Vt6_objects vt6_objects() const { return pool_helper.vt6_objects(); }
     void set_vt6_objects(Vt6_objects form) { pool_helper.set_vt6_objects(form); }
+
+    // Reading pool bytes leaves the objects whose bytes it could check unbuilt (Pool_file::read):
+    // each holds its place in the order and its id, and all are built when the pool's objects are
+    // first looked at (objects(), find(), add() and every other member that gives objects).
+    // On by default; off, every object is built as it is read.
+    void set_defer_building(bool on) { defer_building = on; }
+    // Whether reading may leave objects unbuilt now: not while names are indexed, since an unbuilt
+    // object's default name is not looked at.
+    bool defers_building() const { return defer_building && by_name.empty(); }
+    // For the reader: keeps a copy of pool bytes that objects are to be built from later, and
+    // returns its number. Building the objects lets every copy go.
+    int keep_bytes(const QByteArray& bytes);
+    bool keeps_bytes(int source) const { return source >= 0 && size_t(source) < sources.size(); }
+    // For the reader: the next place in the order goes to an object of `entry`'s class with this
+    // id, to be built from the `size` bytes at `offset` of kept bytes `source`, which were checked
+    // to read whole without clamping a value. False when the id is in use.
+    bool defer(const Object_factory::Entry& entry, uint16_t id, int source, int offset, int size, bool marks_input);
+    // How many objects are read but not built yet.
+    int not_built() const { return int(deferred.size()); }
+    // Whether an object, built or not, has this id.
+    bool uses_id(uint16_t id) const { return slot(id) != nullptr; }
+    // Builds the objects reading left unbuilt. A look at the pool does it first: the pool holds
+    // the same objects before and after.
+    void build_deferred() const
+    {
+        if (!deferred.empty())
+            const_cast<Object_pool*>(this)->build_all_deferred();
+    }
 
     // The name an object read from pool bytes is given: "<Type>_<id>", or "obj_<id>" when that
     // would not fit a name. `type` is the type's name, `type_len` its length. Returns the
@@ -159,6 +192,7 @@ private:
     public:
         typedef QVector<VT_obj*> Objects;
         VT_obj* find(const char* name, size_t len, const Objects& objects) const;
+        bool empty() const { return used == 0; }
         // The slot for `name`: its object when indexed, else where to put it (see insert).
         struct Probe
         {
@@ -218,6 +252,33 @@ private:
     bool made_here(VT_obj* obj) const;
     void destroy(VT_obj* obj);
 
+    // An object read but not built yet.
+    struct Deferred
+    {
+        const Object_factory::Entry* entry;
+        int position; // in the list
+        int source;   // the kept bytes it is read from
+        int offset;
+        int size;
+        uint16_t id;
+        bool marks_input;
+    };
+    void build_all_deferred();
+    // What the id index holds for an object not built yet; never looked into.
+    static VT_obj* unbuilt_mark()
+    {
+        alignas(VT_obj) static char mark;
+        return reinterpret_cast<VT_obj*>(&mark);
+    }
+    // The id index's entry, built or not.
+    VT_obj* slot(uint16_t id) const
+    {
+        VT_obj* const* page = by_id[id >> ID_PAGE_BITS];
+        return page ? page[id & (ID_PAGE_SIZE - 1)] : nullptr;
+    }
+    // The same, made when missing.
+    VT_obj*& slot_made(uint16_t id);
+
     QVector<VT_obj*> list;
     // Objects by id: 256 pages of 256 entries, a page made when an id of it is first used and
     // kept until the pool ends (clear() empties only the entries its objects used).
@@ -232,6 +293,9 @@ private:
     QVector<Upload_request> upload_log;
     std::function<void(VT_obj*, bool)> on_upload;
     std::vector<std::shared_ptr<void>> kept; // released after the objects
+    bool defer_building = true;
+    std::vector<Deferred> deferred;
+    std::vector<QByteArray> sources; // the bytes of the deferred objects
 };
 
 }

@@ -9,6 +9,7 @@
 
 #include "tools/pool/Library_output.h"
 #include "tools/pool/Object_factory.h"
+#include "tools/pool/Plain_layout.h"
 
 namespace VT {
 
@@ -47,12 +48,16 @@ bool holds_float(const VT_obj& obj)
 }
 
 // What reading needs to know of each plain (not extended) type, found once per process: its
-// name and the name's length, and whether its objects mark the bytes they read.
+// name and the name's length, the class that reads it in a pool of the legacy form, whether its
+// objects mark the bytes they read, and the layout of its bytes when they can be checked
+// without building the object.
 struct Plain_type
 {
     const char* name;
     size_t name_len;
+    const Object_factory::Entry* entry;
     bool marks_input;
+    std::unique_ptr<Plain_layout> layout;
 };
 
 struct Plain_types
@@ -65,10 +70,12 @@ struct Plain_types
             Plain_type& p = types[t];
             p.name = Object_factory::type_name(t);
             p.name_len = strnlen(p.name, VT_obj::NAME_LEN + 1);
+            p.entry = Object_factory::find_for_pool(t);
             p.marks_input = false;
-            if (const Object_factory::Entry* entry = Object_factory::find_for_pool(t)) {
-                std::unique_ptr<VT_obj> sample(entry->make(nullptr));
+            if (p.entry) {
+                std::unique_ptr<VT_obj> sample(p.entry->make(nullptr));
                 p.marks_input = holds_float(*sample);
+                p.layout = Plain_layout::of(*sample);
             }
         }
     }
@@ -98,6 +105,43 @@ int read_marking(Object_pool& pool, VT_obj*& obj, const Make& make, const uint8_
         pool.discard(obj);
         obj = make();
     }
+}
+
+// Leaves the objects from `offset` on to be built when the pool is first looked at, as long as
+// their bytes check out (reading them then can neither fail nor clamp, so there is nothing to
+// report now), and returns the offset of the first object it did not take, counting them in
+// `index`. `source` is the pool's copy of the input, made at the first such object.
+int defer_plain(const QByteArray& input, int offset, Object_pool& pool, int& source, int& index,
+                Pool_file::Read_report* report)
+{
+    const uint8_t* data = reinterpret_cast<const uint8_t*>(input.constData());
+    const int size = input.size();
+    const Vt6_objects form = pool.vt6_objects();
+    const Plain_type* types = plain_types().types;
+    while (size - offset >= 3) {
+        const uint8_t* at = data + offset;
+        const uint16_t id = uint16_t(at[0] | (at[1] << 8));
+        const unsigned type = at[2];
+        const Plain_type& plain = types[type];
+        // Configuration objects and the types whose class depends on the pool's form are
+        // left to the general way, as are ids in use and the NULL id, which it reports.
+        if (!plain.layout || type == VT_obj_type::TYPE_CONFIG ||
+            plain.entry != Object_factory::find_for_pool(type, form) || id == VT_obj::NULL_ID || pool.uses_id(id))
+            break;
+        const int n = plain.layout->check(at + 3, size - offset - 3);
+        if (n < 0)
+            break;
+        if (!pool.keeps_bytes(source))
+            source = pool.keep_bytes(input);
+        pool.defer(*plain.entry, id, source, offset + 3, n, plain.marks_input);
+        if (report) {
+            report->objects = index + 1;
+            report->offsets.append(offset);
+        }
+        offset += 3 + n;
+        ++index;
+    }
+    return offset;
 }
 
 }
@@ -132,7 +176,17 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         return fail(QStringLiteral("empty pool: no objects"));
 
     int index = 0;
+    int source = -1; // the pool's copy of the input while objects are left to be built from it
     for (; offset < size; ++index) {
+        if (pool.defers_building()) {
+            offset = defer_plain(input, offset, pool, source, index, report);
+            if (offset == size)
+                break;
+            // The check of the object that stopped it read list items as the object would
+            // (warning of a clamped value, say): the object itself says it again below.
+            if (said.any())
+                said.take();
+        }
         int remaining = size - offset;
         if (remaining < 3)
             return fail(QStringLiteral("object %1 at byte offset %2: truncated object header (%3 bytes left, 3 needed)")
@@ -171,15 +225,15 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
                 return fail(where() + QStringLiteral(": object type %1 is not available in this build").arg(type));
             return fail(where() + QStringLiteral(": unknown object type %1").arg(type));
         }
-        VT_obj* duplicate = pool.find(id);
+        const bool duplicate = pool.uses_id(id);
         if (duplicate && !(report && report->keep_duplicate_ids))
             return fail(where() + QStringLiteral(": id %1 is already used by an earlier object").arg(id));
         if (id == VT_obj::NULL_ID)
             return fail(where() + QStringLiteral(": object id 65535 is the NULL id"));
 
+        const Plain_type* plain = named_type < 256 ? &plain_types().types[named_type] : nullptr;
         char name[VT_obj::NAME_LEN + 1];
         size_t name_len = 0;
-        const Plain_type* plain = named_type < 256 ? &plain_types().types[named_type] : nullptr;
         if (plain) {
             name_len = Object_pool::write_default_name(plain->name, plain->name_len, id, name);
         } else {
@@ -219,12 +273,14 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
             report->clamped_objects.append(index);
         }
         QString why;
-        if (duplicate && !pool.add_duplicate(obj))
-            return fail(where() + QStringLiteral(": id %1 could not be kept").arg(id));
-        if (!duplicate && !pool.add_default_named(obj, name_len, &why))
+        if (duplicate) {
+            VT_obj* earlier = pool.find(id);
+            if (!pool.add_duplicate(obj))
+                return fail(where() + QStringLiteral(": id %1 could not be kept").arg(id));
+            report->duplicate_ids.append({index, int(pool.objects().indexOf(earlier))});
+        } else if (!pool.add_default_named(obj, name_len, &why)) {
             return fail(where() + QStringLiteral(": ") + why);
-        if (duplicate)
-            report->duplicate_ids.append({index, int(pool.objects().indexOf(duplicate))});
+        }
         if (report) {
             report->objects = index + 1;
             report->offsets.append(offset);

@@ -44,6 +44,9 @@ public:
     // first bad object with a one-line error naming its index, id, type and byte offset. The
     // bytes are only read, so they may lie in read-only memory (QByteArray::fromRawData).
     // What the library prints while reading is caught and lands in the report.
+    // Objects whose bytes can be checked without building them (Plain_layout) and read whole
+    // without clamping are built when the pool is first looked at (Object_pool::set_defer_building),
+    // from a copy of their bytes; everything above holds for them all the same.
     static bool read(const QByteArray& bytes, Object_pool& pool, QString* error, Read_report* report = nullptr);
     static bool read_file(const QString& path, Object_pool& pool, QString* error, Read_report* report = nullptr);
 

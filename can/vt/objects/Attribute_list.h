@@ -317,6 +317,8 @@ public:
     }
     void set_enabled(bool on) { enabled = on; }
     bool is_enabled() const { return enabled; }
+    // The list or array whose count this is.
+    const _Attribute_list* counted() const { return list; }
     W get() const { return W(list ? list->get_length() : 0); }
     operator W() const { return get(); }
 
