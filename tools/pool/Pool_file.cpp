@@ -231,9 +231,9 @@ bool Pool_file::read(const QByteArray& input, Object_pool& pool, QString* error,
         if (id == VT_obj::NULL_ID)
             return fail(where() + QStringLiteral(": object id 65535 is the NULL id"));
 
-        const Plain_type* plain = named_type < 256 ? &plain_types().types[named_type] : nullptr;
         char name[VT_obj::NAME_LEN + 1];
         size_t name_len = 0;
+        const Plain_type* plain = named_type < 256 ? &plain_types().types[named_type] : nullptr;
         if (plain) {
             name_len = Object_pool::write_default_name(plain->name, plain->name_len, id, name);
         } else {
