@@ -28,7 +28,7 @@ public:
     bool marks_input() const { return floats; }
 
 private:
-    // Lists of these items are checked item by item with the item's own reading.
+    // Whether `count` list items from `at` read, by the item class's own reading, without a clamp.
     typedef bool (*Items_check)(const uint8_t* at, uint32_t count);
     static const int MAX_COUNTS = 8;
 
