@@ -136,7 +136,6 @@ std::unique_ptr<Plain_layout> Plain_layout::of(const VT_obj& sample)
         if (typeid(*a) != typeid(Attribute_float))
             return nullptr;
         add_bytes(4, parts);
-        layout->floats = true;
     }
     return layout;
 }

@@ -24,8 +24,6 @@ public:
     static std::unique_ptr<Plain_layout> of(const VT_obj& sample);
 
     int check(const uint8_t* at, int len) const;
-    // A float marks the bytes it is read from (the reader builds such objects from a copy).
-    bool marks_input() const { return floats; }
 
 private:
     // Whether `count` list items from `at` read, by the item class's own reading, without a clamp.
@@ -58,7 +56,6 @@ private:
                             std::vector<const Attribute*>& counted);
 
     std::vector<Part> parts;
-    bool floats = false;
 };
 
 }
